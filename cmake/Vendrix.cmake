@@ -1,0 +1,41 @@
+# Helpers shared by every target of the project.
+
+# Warnings are errors in our own code; Qt keywords are off so that
+# `signals`, `slots` and `emit` never clash with other libraries.
+function(vendrix_target_options target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Werror
+                                           -Wno-error=deprecated-declarations)
+  target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_FOREACH)
+endfunction()
+
+# A library made of every source file of one folder under src/.
+# Usage: vendrix_library(core LIBS Qt6::Core ...)
+function(vendrix_library name)
+  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS
+       ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
+       ${CMAKE_CURRENT_SOURCE_DIR}/*.qrc)
+  add_library(vendrix_${name} STATIC ${sources})
+  target_include_directories(vendrix_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src
+                                                    ${CMAKE_BINARY_DIR}/generated)
+  target_link_libraries(vendrix_${name} PUBLIC ${ARG_LIBS})
+  vendrix_target_options(vendrix_${name})
+endfunction()
+
+# A test program made of every source file of one folder under tests/.
+# Usage: vendrix_tests(core LIBS vendrix_core)
+function(vendrix_tests name)
+  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
+       ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  add_executable(test_${name} ${sources})
+  target_link_libraries(test_${name} PRIVATE ${ARG_LIBS} vendrix_test_support
+                                             GTest::gtest GTest::gmock GTest::gtest_main)
+  target_compile_definitions(test_${name} PRIVATE
+    VENDRIX_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+    VENDRIX_SEED_DIR="${CMAKE_BINARY_DIR}/data")
+  vendrix_target_options(test_${name})
+  gtest_discover_tests(test_${name}
+    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
+    DISCOVERY_TIMEOUT 60)
+endfunction()

@@ -1,0 +1,46 @@
+// vendrix-cli: tools over the core for scripts, support and benchmarks.
+#include "commands.h"
+
+#include "vendrix_version.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+#include <array>
+
+using namespace vendrix::cli;
+
+namespace {
+
+const QStringList kFolder{QStringLiteral("--carpeta")};
+
+const std::array kCommands{
+    Command{"verificar", "Prepara la carpeta, abre las bases de datos y aplica las actualizaciones del esquema.",
+            kFolder, cmd_verificar},
+};
+
+int usage(QTextStream &err)
+{
+    err << "Vendrix " << VENDRIX_VERSION << " - herramienta de línea de comandos\n"
+        << "Uso: vendrix-cli <comando> [opciones] [--carpeta DIR]\n\nComandos:\n";
+    for (const Command &c : kCommands)
+        err << "  " << c.name << "\t" << QString::fromUtf8(c.help) << '\n';
+    return 2;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    QTextStream err(stderr);
+    const QStringList words = QCoreApplication::arguments();
+    const QString name = words.size() > 1 ? words.at(1) : QString();
+    for (const Command &c : kCommands) {
+        if (name == QLatin1String(c.name))
+            return c.run(parse_args(words, c.valued_options));
+    }
+    if (!name.isEmpty() && name != QLatin1String("--help") && name != QLatin1String("ayuda"))
+        err << "Comando desconocido: " << name << '\n';
+    return usage(err);
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "cli_args.h"
+
+namespace vendrix::cli {
+
+// One subcommand of vendrix-cli: its word, a line of help, the options that
+// take a value, and what it runs. Each returns the process exit code.
+struct Command {
+    const char *name;
+    const char *help;
+    QStringList valued_options;
+    int (*run)(const CliArgs &args);
+};
+
+// Every subcommand; each lives in its own cmd_*.cpp file.
+int cmd_verificar(const CliArgs &args);
+
+} // namespace vendrix::cli

@@ -1,0 +1,174 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <memory>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace vendrix {
+
+class Log;
+class Operator;
+class StatusSink;
+
+// Values bound to the `?` placeholders of a statement, in order. User values
+// always travel this way; they are never pasted into the SQL text.
+using SqlParams = std::vector<QVariant>;
+
+// All rows of a query as text, indexed (column, row) like the described
+// two-dimensional array. Empty when the query gave no rows or failed.
+class Matrix {
+public:
+    Matrix() = default;
+    Matrix(int columns, std::vector<QStringList> rows);
+
+    bool vacia() const { return rows_.empty(); }
+    int columnas() const { return columns_; }
+    int filas() const { return static_cast<int>(rows_.size()); }
+    // Out of range reads "".
+    QString at(int column, int row) const;
+    const QStringList &fila(int row) const { return rows_.at(static_cast<size_t>(row)); }
+
+private:
+    int columns_ = 0;
+    std::vector<QStringList> rows_;
+};
+
+// An open query, moved row by row. Columns are read as text (NULL reads "").
+class Cursor {
+public:
+    Cursor(sqlite3_stmt *stmt, bool has_row);
+    ~Cursor();
+    Cursor(const Cursor &) = delete;
+    Cursor &operator=(const Cursor &) = delete;
+
+    bool eof() const { return !has_row_; }
+    void siguiente();
+    int columnas() const;
+    QString nombre_columna(int column) const;
+    QString texto(int column) const;
+    QVariant valor(int column) const;
+    bool es_nulo(int column) const;
+
+private:
+    sqlite3_stmt *stmt_;
+    bool has_row_;
+};
+
+// The two database files of the application folder and the one layer every
+// statement goes through.
+//
+// - `clientes.vdrx`, the shop database, read-write. Selected by every target
+//   word except `external` (so `internal`, `clientes`, even `External`).
+// - `Vendrix.vdrxdb`, the price database, read-only. Selected by exactly
+//   `external`.
+//
+// Each file is opened on first use and kept open. The shop connection sees the
+// price tables under the schema `listas`, and the price connection sees the
+// shop tables under `clientes`, so one statement can join both; the
+// `tabla_*_attach` names give those qualified names.
+//
+// Failures never throw: they are told by the result, logged with the
+// described "ER ..." words and, for `execNQ`, shown to the operator.
+class Database {
+public:
+    static constexpr const char *kShopFile = "clientes.vdrx";
+    static constexpr const char *kPriceFile = "Vendrix.vdrxdb";
+    static constexpr const char *kPriceSchema = "listas";
+    static constexpr const char *kShopSchema = "clientes";
+
+    Database(QString folder, Log &log, Operator &op, StatusSink &status);
+    virtual ~Database();
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+
+    static bool es_externa(const QString &target) { return target == QLatin1String("external"); }
+
+    QString execQ1(const QString &sql, const QString &target, const SqlParams &params = {});
+    Matrix execQ_matriz(const QString &sql, const QString &target, const SqlParams &params = {});
+    // Null on error (logged "ER EXECQ - ").
+    std::unique_ptr<Cursor> execQ(const QString &sql, const QString &target, const SqlParams &params = {});
+    bool execNQ(const QString &sql, const QString &target, const SqlParams &params = {});
+    // A query on another database file. SQLite files have no password; the
+    // argument is kept for the callers that name one.
+    QString execQext1(const QString &sql, const QString &file, const QString &password = {},
+                      const SqlParams &params = {});
+
+    bool existe_tabla(const QString &table, const QString &target);
+    // Always probes the shop database.
+    bool existe_campo(const QString &table, const QString &column);
+    // "OK" when the price database opens.
+    QString verificar_driver_db();
+
+    // The row id of the last insert on the target's connection.
+    qint64 ultimo_id(const QString &target);
+
+    static QString escapar_comillas(const QString &text);
+
+    QString tabla_listas_attach() const;
+    QString tabla_testigo_attach() const;
+    QString tabla_pedidos_attach() const;
+    QString tabla_descuentos_attach() const;
+    QString tabla_clientes_attach() const;
+
+    QString ruta_clientes() const;
+    QString ruta_listas() const;
+
+    // Closes both files, for example before the price file is replaced.
+    void cerrar();
+    // Opens the price file writable until `cerrar`, for an import.
+    bool abrir_listas_escritura();
+
+    // The raw connection of a target (opened if needed), for the few places
+    // that need SQLite itself (registering functions, bulk loads). Null when
+    // the file can't be opened.
+    sqlite3 *conexion(const QString &target);
+
+protected:
+    // Called before each statement runs. A test double overrides it to make
+    // the Nth statement fail; false makes the statement fail as a database
+    // error would.
+    virtual bool antes_de_ejecutar(const QString &sql);
+
+private:
+    struct Prepared;
+    sqlite3 *abrir(bool price);
+    sqlite3_stmt *preparar(const QString &sql, const QString &target, const SqlParams &params,
+                           QString &error);
+    void log_consulta(const QString &sql) const;
+    void log_tiempo(qint64 started_ms) const;
+    void log_error(const QString &word, const QString &error) const;
+
+    QString folder_;
+    Log &log_;
+    Operator &op_;
+    StatusSink &status_;
+    sqlite3 *shop_ = nullptr;
+    sqlite3 *price_ = nullptr;
+    bool price_writable_ = false;
+};
+
+// A transaction on one target's connection: `commit` makes the writes stay;
+// leaving the scope without a commit rolls them back.
+class Transaction {
+public:
+    Transaction(Database &db, const QString &target);
+    ~Transaction();
+    Transaction(const Transaction &) = delete;
+    Transaction &operator=(const Transaction &) = delete;
+
+    bool activa() const { return active_; }
+    bool commit();
+
+private:
+    Database &db_;
+    QString target_;
+    bool active_ = false;
+};
+
+} // namespace vendrix
