@@ -5,7 +5,6 @@
 #include "core/sqlite_values.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QUrl>
 
 #include <utility>
@@ -51,6 +50,7 @@ sqlite3_stmt *Database::preparar(const QString &sql, const QString &target, cons
         return nullptr;
     if (log_sql)
         log_consulta(sql);
+    reloj_.start();
     if (!antes_de_ejecutar(sql)) {
         error =
             SqlError::propio(SQLITE_ERROR, QStringLiteral("La sentencia fue rechazada antes de ejecutarse"));
@@ -80,99 +80,95 @@ sqlite3_stmt *Database::preparar(const QString &sql, const QString &target, cons
     return owned.soltar();
 }
 
+sqlite3_stmt *Database::ejecutar_primera(const QString &sql, const QString &target, const SqlParams &params,
+                                         SqlError &error, int &rc)
+{
+    Sentencia st{preparar(sql, target, params, error)};
+    if (!st.stmt)
+        return nullptr;
+    rc = avanzar(st.stmt, error);
+    return rc == SQLITE_ROW || rc == SQLITE_DONE ? st.soltar() : nullptr;
+}
+
+void Database::fallo_consulta(const QString &word, const SqlError &error, const char *source)
+{
+    log_error(word, error, source);
+    status_.marcar_ocupado(false);
+}
+
 QString Database::execQ1(const QString &sql, const QString &target, const SqlParams &params)
 {
     if (sql.isEmpty())
         return {};
-    QElapsedTimer timer;
-    timer.start();
     SqlError error;
-    Sentencia st{preparar(sql, target, params, error)};
-    if (st.stmt) {
-        const int rc = avanzar(st.stmt, error);
-        log_tiempo(timer.elapsed());
-        // A single row whose first field is NULL reads as no rows: "" too.
-        if (rc == SQLITE_ROW)
-            return sqlite_values::texto_columna(st.stmt, 0);
-        if (rc == SQLITE_DONE)
-            return {};
+    int rc = SQLITE_ERROR;
+    Sentencia st{ejecutar_primera(sql, target, params, error, rc)};
+    if (!st.stmt) {
+        fallo_consulta(QStringLiteral("ER EXECQ1 - "), error, "execQ1");
+        return {};
     }
-    log_error(QStringLiteral("ER EXECQ1 - "), error, "execQ1");
-    status_.marcar_ocupado(false);
-    return {};
+    log_tiempo();
+    // A single row whose first field is NULL reads as no rows: "" either way.
+    return rc == SQLITE_ROW ? sqlite_values::texto_columna(st.stmt, 0) : QString();
 }
 
 Matrix Database::execQ_matriz(const QString &sql, const QString &target, const SqlParams &params)
 {
     if (sql.isEmpty())
         return {};
-    QElapsedTimer timer;
-    timer.start();
     SqlError error;
-    Sentencia st{preparar(sql, target, params, error)};
-    if (st.stmt) {
-        const int columns = sqlite3_column_count(st.stmt);
-        std::vector<QStringList> rows;
-        bool first_is_null = false;
-        int rc;
-        while ((rc = avanzar(st.stmt, error)) == SQLITE_ROW) {
-            if (rows.empty())
-                first_is_null = columns > 0 && sqlite3_column_type(st.stmt, 0) == SQLITE_NULL;
-            QStringList row;
-            row.reserve(columns);
-            for (int c = 0; c < columns; ++c)
-                row << sqlite_values::texto_columna(st.stmt, c);
-            rows.push_back(std::move(row));
-        }
-        log_tiempo(timer.elapsed());
-        if (rc == SQLITE_DONE) {
-            // `SELECT max(x)` on an empty table gives one row of NULL: no rows.
-            if (rows.size() == 1 && first_is_null)
-                return {};
-            return Matrix(columns, std::move(rows));
-        }
+    int rc = SQLITE_ERROR;
+    Sentencia st{ejecutar_primera(sql, target, params, error, rc)};
+    std::vector<QStringList> rows;
+    const int columns = st.stmt ? sqlite3_column_count(st.stmt) : 0;
+    const bool first_is_null =
+        rc == SQLITE_ROW && columns > 0 && sqlite3_column_type(st.stmt, 0) == SQLITE_NULL;
+    for (; rc == SQLITE_ROW; rc = avanzar(st.stmt, error)) {
+        QStringList row;
+        row.reserve(columns);
+        for (int c = 0; c < columns; ++c)
+            row << sqlite_values::texto_columna(st.stmt, c);
+        rows.push_back(std::move(row));
     }
-    log_error(QStringLiteral("ER EXECQ1 - "), error, "execQ_matriz");
-    status_.marcar_ocupado(false);
-    return {};
+    if (rc != SQLITE_DONE) {
+        fallo_consulta(QStringLiteral("ER EXECQ1 - "), error, "execQ_matriz");
+        return {};
+    }
+    log_tiempo();
+    // `SELECT max(x)` on an empty table gives one row of NULL: no rows.
+    if (rows.size() == 1 && first_is_null)
+        return {};
+    return Matrix(columns, std::move(rows));
 }
 
 std::unique_ptr<Cursor> Database::execQ(const QString &sql, const QString &target, const SqlParams &params)
 {
     if (sql.isEmpty())
         return nullptr;
-    QElapsedTimer timer;
-    timer.start();
     SqlError error;
-    Sentencia st{preparar(sql, target, params, error)};
-    if (st.stmt) {
-        const int rc = avanzar(st.stmt, error);
-        log_tiempo(timer.elapsed());
-        if (rc == SQLITE_ROW || rc == SQLITE_DONE) {
-            return std::make_unique<Cursor>(st.soltar(), rc == SQLITE_ROW, [this](const QString &text) {
-                log_.escribir_log(QStringLiteral("ER EXECQ - ") + text + QStringLiteral(" execQ"),
-                                  QStringLiteral("E"));
-                status_.marcar_ocupado(false);
-            });
-        }
+    int rc = SQLITE_ERROR;
+    sqlite3_stmt *stmt = ejecutar_primera(sql, target, params, error, rc);
+    if (!stmt) {
+        fallo_consulta(QStringLiteral("ER EXECQ - "), error, "execQ");
+        return nullptr;
     }
-    log_error(QStringLiteral("ER EXECQ - "), error, "execQ");
-    status_.marcar_ocupado(false);
-    return nullptr;
+    log_tiempo();
+    return std::make_unique<Cursor>(stmt, rc == SQLITE_ROW, [this](const QString &text) {
+        log_.escribir_log(QStringLiteral("ER EXECQ - ") + text + QStringLiteral(" execQ"),
+                          QStringLiteral("E"));
+        status_.marcar_ocupado(false);
+    });
 }
 
 bool Database::execNQ(const QString &sql, const QString &target, const SqlParams &params)
 {
-    QElapsedTimer timer;
-    timer.start();
     SqlError error = SqlError::propio(SQLITE_MISUSE, QStringLiteral("La sentencia SQL está vacía"));
+    int rc = SQLITE_ERROR;
     if (!sql.trimmed().isEmpty()) {
-        Sentencia st{preparar(sql, target, params, error)};
+        Sentencia st{ejecutar_primera(sql, target, params, error, rc)};
         if (st.stmt) {
-            const int rc = avanzar(st.stmt, error);
-            log_tiempo(timer.elapsed());
-            if (rc == SQLITE_ROW || rc == SQLITE_DONE)
-                return true;
+            log_tiempo();
+            return true;
         }
     }
     op_.error(QStringLiteral("Error al acceder a la base de datos"),
@@ -280,11 +276,11 @@ void Database::log_consulta(const QString &sql) const
         log_.escribir_log(sql, kQueryLevel);
 }
 
-void Database::log_tiempo(qint64 elapsed_ms) const
+void Database::log_tiempo() const
 {
     if (log_.detalle_alto())
         log_.escribir_log(QStringLiteral("Tiempo de ejecución de la query: ") +
-                              QString::number(elapsed_ms / 1000),
+                              QString::number(reloj_.elapsed() / 1000),
                           kQueryLevel);
 }
 

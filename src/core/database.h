@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -159,11 +160,18 @@ private:
     // prepares and binds. Null and the error on failure.
     sqlite3_stmt *preparar(const QString &sql, const QString &target, const SqlParams &params,
                            SqlError &error, bool log_sql = true);
+    // Prepares and runs a statement to its first row: the statement, with
+    // `rc` SQLITE_ROW or SQLITE_DONE, or null and the error.
+    sqlite3_stmt *ejecutar_primera(const QString &sql, const QString &target, const SqlParams &params,
+                                   SqlError &error, int &rc);
+    // A failed query: logged with its word, and the busy state released.
+    void fallo_consulta(const QString &word, const SqlError &error, const char *source);
     bool probar(const QString &sql, const QString &target);
     // A statement of the layer itself (a rollback) that no hook may stop.
     bool ejecutar_interno(const QString &sql, const QString &target);
     void log_consulta(const QString &sql) const;
-    void log_tiempo(qint64 elapsed_ms) const;
+    // The time since the statement was prepared, in whole seconds.
+    void log_tiempo() const;
     void log_error(const QString &word, const SqlError &error, const char *source) const;
 
     QString folder_;
@@ -175,10 +183,13 @@ private:
     bool listas_attached_ = false;
     bool price_writable_ = false;
     int savepoints_ = 0;
+    QElapsedTimer reloj_;
 };
 
 // A transaction on one target's connection: `commit` makes the writes stay;
-// leaving the scope without a commit rolls them back.
+// leaving the scope without a commit rolls them back. It starts with
+// BEGIN IMMEDIATE; check `activa` when the start may fail (a locked or
+// damaged file), as statements would then run one by one.
 class Transaction {
 public:
     Transaction(Database &db, const QString &target);

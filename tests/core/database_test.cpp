@@ -1,4 +1,5 @@
 #include "support/price_file.h"
+#include "support/qt_print.h"
 #include "support/test_context.h"
 
 #include <QFile>
@@ -335,6 +336,16 @@ TEST_F(DatabaseTest, LastInsertIdIsTheNewRow)
     EXPECT_EQ(q1(QStringLiteral("SELECT NOMBRE FROM vendrix_clientes WHERE ID = ?"),
                  QStringLiteral("internal"), {db().ultimo_id(QStringLiteral("clientes"))}),
               "b");
+}
+
+// Every commit to the shop file is on disk before it returns, and the file
+// alone holds all committed data (no write-ahead log beside it).
+TEST_F(DatabaseTest, ShopFileIsDurableOnBothConnections)
+{
+    EXPECT_EQ(q1(QStringLiteral("PRAGMA main.journal_mode")), "delete");
+    EXPECT_EQ(q1(QStringLiteral("PRAGMA main.synchronous")), "3");
+    EXPECT_EQ(q1(QStringLiteral("PRAGMA clientes.journal_mode"), QStringLiteral("external")), "delete");
+    EXPECT_EQ(q1(QStringLiteral("PRAGMA clientes.synchronous"), QStringLiteral("external")), "3");
 }
 
 TEST_F(DatabaseTest, QueryOnAnotherFile)
