@@ -39,12 +39,35 @@ std::vector<RawLine> partir_lineas(const QByteArray &bytes)
     return lines;
 }
 
-QByteArray unir_lineas(const std::vector<RawLine> &lines)
+const QByteArray kUtf8Bom = QByteArrayLiteral("\xEF\xBB\xBF");
+
+// The file as lines, and its encoding. Windows-1252 is the file's own code
+// page; a file that an editor saved as UTF-8 with a byte-order mark reads
+// right and is written back in UTF-8 with its mark.
+struct IniFile {
+    bool utf8 = false;
+    std::vector<RawLine> lines;
+
+    QString decodificar(const QByteArray &bytes) const
+    {
+        return utf8 ? QString::fromUtf8(bytes) : cp1252::decodificar(bytes);
+    }
+    QByteArray codificar(const QString &text) const { return utf8 ? text.toUtf8() : cp1252::codificar(text); }
+    QByteArray bytes() const
+    {
+        QByteArray out = utf8 ? kUtf8Bom : QByteArray();
+        for (const RawLine &line : lines)
+            out += line.body + line.end;
+        return out;
+    }
+};
+
+IniFile de_bytes(const QByteArray &bytes)
 {
-    QByteArray bytes;
-    for (const RawLine &line : lines)
-        bytes += line.body + line.end;
-    return bytes;
+    IniFile file;
+    file.utf8 = bytes.startsWith(kUtf8Bom);
+    file.lines = partir_lineas(file.utf8 ? bytes.sliced(kUtf8Bom.size()) : bytes);
+    return file;
 }
 
 bool es_blanco(QChar c)
@@ -73,9 +96,8 @@ struct ParsedLine {
     QString value; // key lines only, blanks trimmed
 };
 
-ParsedLine analizar(const QByteArray &body)
+ParsedLine analizar(const QString &text)
 {
-    const QString text = cp1252::decodificar(body);
     const QStringView line = recortar(text);
     ParsedLine parsed;
     if (line.isEmpty()) {
@@ -206,8 +228,9 @@ Settings::Settings(QString path) : path_(std::move(path))
 QString Settings::leer_ini(const QString &section, const QString &key) const
 {
     bool in_section = false;
-    for (const RawLine &line : partir_lineas(leer_bytes(path_))) {
-        const ParsedLine parsed = analizar(line.body);
+    const IniFile file = de_bytes(leer_bytes(path_));
+    for (const RawLine &line : file.lines) {
+        const ParsedLine parsed = analizar(file.decodificar(line.body));
         if (parsed.kind == ParsedLine::Section)
             in_section = mismo_nombre(parsed.name, section);
         else if (in_section && parsed.kind == ParsedLine::Key && mismo_nombre(parsed.name, key))
@@ -219,10 +242,11 @@ QString Settings::leer_ini(const QString &section, const QString &key) const
 bool Settings::escribir_ini(const QString &section, const QString &key, const QString &value) const
 {
     bool readable = false;
-    std::vector<RawLine> lines = partir_lineas(leer_bytes(path_, &readable));
+    IniFile file = de_bytes(leer_bytes(path_, &readable));
     if (!readable)
         return false;
-    const QByteArray clean_value = cp1252::codificar(una_linea(value));
+    std::vector<RawLine> &lines = file.lines;
+    const QByteArray clean_value = file.codificar(una_linea(value));
 
     bool in_section = false;
     bool in_first_section = false;
@@ -231,7 +255,7 @@ bool Settings::escribir_ini(const QString &section, const QString &key, const QS
     qsizetype insert_after = -1;
     for (qsizetype i = 0; i < static_cast<qsizetype>(lines.size()); ++i) {
         RawLine &line = lines[static_cast<size_t>(i)];
-        const ParsedLine parsed = analizar(line.body);
+        const ParsedLine parsed = analizar(file.decodificar(line.body));
         if (parsed.kind == ParsedLine::Section) {
             in_section = mismo_nombre(parsed.name, section);
             in_first_section = in_section && insert_after < 0;
@@ -241,14 +265,14 @@ bool Settings::escribir_ini(const QString &section, const QString &key, const QS
         }
         if (in_section && parsed.kind == ParsedLine::Key && mismo_nombre(parsed.name, key)) {
             // The key keeps the case it already has in the file.
-            line = {cp1252::codificar(parsed.name) + '=' + clean_value, kCrLf};
-            return escribir_bytes(path_, unir_lineas(lines));
+            line = {file.codificar(parsed.name) + '=' + clean_value, kCrLf};
+            return escribir_bytes(path_, file.bytes());
         }
         if (in_first_section && parsed.kind != ParsedLine::Blank)
             insert_after = i;
     }
 
-    const RawLine new_line{cp1252::codificar(key) + '=' + clean_value, kCrLf};
+    const RawLine new_line{file.codificar(key) + '=' + clean_value, kCrLf};
     if (insert_after >= 0) {
         RawLine &before = lines[static_cast<size_t>(insert_after)];
         if (before.end.isEmpty())
@@ -257,10 +281,10 @@ bool Settings::escribir_ini(const QString &section, const QString &key, const QS
     } else {
         if (!lines.empty() && lines.back().end.isEmpty())
             lines.back().end = kCrLf;
-        lines.push_back({'[' + cp1252::codificar(section) + ']', kCrLf});
+        lines.push_back({'[' + file.codificar(section) + ']', kCrLf});
         lines.push_back(new_line);
     }
-    return escribir_bytes(path_, unir_lineas(lines));
+    return escribir_bytes(path_, file.bytes());
 }
 
 QString Settings::texto_por_defecto(const QString &version)
@@ -279,7 +303,9 @@ bool Settings::crear_por_defecto(const QString &version) const
 
 QString Settings::texto_completo() const
 {
-    return cp1252::decodificar(leer_bytes(path_));
+    const QByteArray bytes = leer_bytes(path_);
+    return bytes.startsWith(kUtf8Bom) ? QString::fromUtf8(bytes.sliced(kUtf8Bom.size()))
+                                      : cp1252::decodificar(bytes);
 }
 
 bool Settings::reemplazar_texto(const QString &text) const

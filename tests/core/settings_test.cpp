@@ -102,6 +102,16 @@ TEST_F(SettingsTest, WriteChangesOneLineAndKeepsEveryOtherByte)
     }
 }
 
+TEST_F(SettingsTest, FileSavedAsUtf8WithMarkStaysUtf8)
+{
+    write_config(QByteArrayLiteral("\xEF\xBB\xBF[PARAMETROS]\r\nIF_desc_art=Descripci\xC3\xB3n\r\n"));
+    EXPECT_EQ(config().leer_parametro(QStringLiteral("if_desc_art")), QStringLiteral("Descripción"));
+    ASSERT_TRUE(config().escribir_parametro(QStringLiteral("IF_Mensaje"), QStringLiteral("Ñ")));
+    EXPECT_EQ(read_config(),
+              QByteArrayLiteral("\xEF\xBB\xBF[PARAMETROS]\r\nIF_desc_art=Descripci\xC3\xB3n\r\n"
+                                "IF_Mensaje=\xC3\x91\r\n"));
+}
+
 TEST_F(SettingsTest, NewKeyGoesAtTheEndOfItsSection)
 {
     write_config(
