@@ -1,18 +1,12 @@
 #pragma once
 
+#include "support/qt_print.h"
 #include "widgets/lynx_grid.h"
 
 #include <QStringList>
 
 #include <initializer_list>
 #include <memory>
-#include <ostream>
-
-// Readable QString values in failure messages.
-inline void PrintTo(const QString &text, std::ostream *os)
-{
-    *os << '"' << text.toStdString() << '"';
-}
 
 namespace vendrix::test {
 
