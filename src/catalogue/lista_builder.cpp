@@ -55,7 +55,7 @@ public:
                parametros_.valida() && reportes_.valida() && tips_.valida();
     }
 
-    bool lista(const ListaProveedor &l)
+    bool lista(const ListaProveedor &l, const QString &codigo_interno)
     {
         for (const ArticuloLista &a : l.articulos) {
             if (!articulo(listas_, l.proveedor, l.fecha, a))
@@ -63,7 +63,7 @@ public:
         }
         proveedores_.texto(1, l.proveedor);
         proveedores_.texto(2, l.ult_actualizacion.isEmpty() ? l.fecha : l.ult_actualizacion);
-        proveedores_.texto(3, l.codigo_interno);
+        proveedores_.texto(3, codigo_interno);
         return proveedores_.ejecutar();
     }
 
@@ -202,7 +202,10 @@ QString escribir(BaseSqlite &db, const OpcionesConstruccion &opciones, const std
         // A new list with no articles drops its supplier; its changes still
         // tell what left.
         if (!p.lista->articulos.empty()) {
-            if (!out.lista(*p.lista))
+            // A new list keeps the shop's code of its supplier unless it brings one.
+            const QString &code = p.lista->codigo_interno.isEmpty() && p.anterior ? p.anterior->codigo_interno
+                                                                                  : p.lista->codigo_interno;
+            if (!out.lista(*p.lista, code))
                 return db.ultimo_error();
             ++r.proveedores;
             r.articulos += static_cast<int>(p.lista->articulos.size());

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "catalogue/lista_formato.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <ostream>
+
+// Readable texts in the failures of tests that compare QStrings.
+inline void PrintTo(const QString &text, std::ostream *os)
+{
+    *os << '"' << text.toStdString() << '"';
+}
+
+namespace vendrix::test {
+
+// Every row of a query on a database file, its columns joined by "|".
+QStringList filas(const QString &db_path, const char *sql);
+// The first column of the first row, "" when there is none.
+QString valor(const QString &db_path, const char *sql);
+
+void escribir(const QString &path, const QByteArray &bytes);
+
+ArticuloLista articulo(const QString &codigo, const QString &descripcion, const QString &precio,
+                       const QString &moneda = QStringLiteral("1"));
+
+} // namespace vendrix::test
