@@ -2,6 +2,7 @@
 
 #include "catalogue/lista_texto.h"
 #include "catalogue/search_index.h"
+#include "core/cp1252.h"
 
 #include <QDate>
 #include <QFile>
@@ -342,7 +343,7 @@ bool escribir_lista_csv(const ListaProveedor &lista, const QString &ruta, const 
     }
     QFile output(ruta);
     if (!output.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
-        output.write(estilo.windows_1252 ? a_windows_1252(text) : text.toUtf8()) < 0) {
+        output.write(estilo.windows_1252 ? cp1252::codificar(text) : text.toUtf8()) < 0) {
         error = QStringLiteral("No se puede escribir '%1': %2").arg(ruta, output.errorString());
         return false;
     }

@@ -2,21 +2,13 @@
 
 #include "catalogue/lista_formato.h"
 #include "catalogue/search_index.h"
+#include "core/cp1252.h"
 
 #include <QStringDecoder>
-
-#include <array>
 
 namespace vendrix {
 
 namespace {
-
-// Windows-1252 differs from Latin-1 in 0x80-0x9F only; 0 marks the five
-// bytes that have no character.
-constexpr std::array<char16_t, 32> kCp1252Alto{
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
 QString decodificar(const QByteArray &bytes, QStringConverter::Encoding encoding, bool &error)
 {
@@ -88,39 +80,7 @@ TextoDecodificado decodificar_lista(const QByteArray &bytes)
     QString text = decodificar(bytes, QStringConverter::Utf8, error);
     if (!error)
         return {text, QStringLiteral("UTF-8")};
-    return {desde_windows_1252(bytes), QStringLiteral("Windows-1252")};
-}
-
-QString desde_windows_1252(const QByteArray &bytes)
-{
-    QString text;
-    text.reserve(bytes.size());
-    for (char byte : bytes) {
-        const auto b = static_cast<unsigned char>(byte);
-        const char16_t mapped = b >= 0x80 && b < 0xA0 ? kCp1252Alto[b - 0x80] : char16_t(b);
-        text += QChar(mapped ? mapped : u'\uFFFD');
-    }
-    return text;
-}
-
-QByteArray a_windows_1252(const QString &text)
-{
-    QByteArray bytes;
-    bytes.reserve(text.size());
-    for (QChar c : text) {
-        const char16_t u = c.unicode();
-        if (u < 0x80 || (u >= 0xA0 && u <= 0xFF)) {
-            bytes += static_cast<char>(u);
-            continue;
-        }
-        char out = '?';
-        for (size_t i = 0; i < kCp1252Alto.size(); ++i) {
-            if (kCp1252Alto[i] == u)
-                out = static_cast<char>(0x80 + i);
-        }
-        bytes += out;
-    }
-    return bytes;
+    return {cp1252::decodificar(bytes), QStringLiteral("Windows-1252")};
 }
 
 QChar detectar_decimal(const QStringList &precios, QChar separador)

@@ -20,10 +20,6 @@ struct TextoDecodificado {
 };
 TextoDecodificado decodificar_lista(const QByteArray &bytes);
 
-QString desde_windows_1252(const QByteArray &bytes);
-// Characters that Windows-1252 lacks become "?".
-QByteArray a_windows_1252(const QString &text);
-
 // The decimal mark of a file's prices, "," or ".", judged from all of them:
 // a mark that stands once with other than three digits behind it, or last
 // when both stand, is the decimal mark; a mark that repeats, or stands first,

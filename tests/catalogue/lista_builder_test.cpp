@@ -2,6 +2,7 @@
 #include "catalogue/lista_construccion.h"
 #include "catalogue/lista_sqlite.h"
 #include "catalogue/lista_texto.h"
+#include "core/cp1252.h"
 #include "lista_test_util.h"
 
 #include <QDir>
@@ -54,8 +55,8 @@ TEST_F(ListaBuilderTest, BuildsFromCsvFilesWhatTheProgramReads)
                             "A-2;Codo 90°;PLOMERÍA;0;1;UN;AquaSur;SIN STOCK\r\n")
                  .toUtf8());
     escribir(ruta(QStringLiteral("agro_ñuñoa_2026-11-18.csv")),
-             a_windows_1252(QStringLiteral("Codigo,Descripcion,Grupo,Precio,Moneda\n"
-                                           "H1,Hormigonera 130 L,MÁQUINAS,\"1,500.75\",102\n")));
+             cp1252::codificar(QStringLiteral("Codigo,Descripcion,Grupo,Precio,Moneda\n"
+                                              "H1,Hormigonera 130 L,MÁQUINAS,\"1,500.75\",102\n")));
     PedidoLista request{opciones(QStringLiteral("Vendrix.vdrxdb")),
                         {ruta(QStringLiteral("Sanitarios_O'Higgins_2026-11-20.csv")),
                          ruta(QStringLiteral("agro_ñuñoa_2026-11-18.csv"))},

@@ -1,6 +1,7 @@
 #include "catalogue/lista_csv.h"
 #include "catalogue/lista_demo.h"
 #include "catalogue/lista_texto.h"
+#include "core/cp1252.h"
 #include "lista_test_util.h"
 
 #include <QDir>
@@ -60,7 +61,7 @@ TEST(LeerListaCsv, ReadsWindows1252WithCommasAndDecimalPoint)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("Bulonera_Ñuñoa_20-11-2026.csv"));
-    escribir(path, a_windows_1252(QStringLiteral(
+    escribir(path, cp1252::codificar(QStringLiteral(
                        "GRUPO,CODIGO,DESCRIPCION,MARCA,UNIDADDEMEDIDA,PRECIO,MONEDA,OBSERVACIONES\n"
                        "BULONERÍA,100,Bulón 3/8\" galvanizado,Ñandú,CAJA X 100,\"1,234.5\",101,\n"
                        "BULONERÍA,101,\"Tuerca, hexagonal\",Ñandú,UN,0.75,Pesos,\n"

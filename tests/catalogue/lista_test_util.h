@@ -6,13 +6,7 @@
 #include <QString>
 #include <QStringList>
 
-#include <ostream>
-
-// Readable texts in the failures of tests that compare QStrings.
-inline void PrintTo(const QString &text, std::ostream *os)
-{
-    *os << '"' << text.toStdString() << '"';
-}
+#include "support/qt_print.h"
 
 namespace vendrix::test {
 
