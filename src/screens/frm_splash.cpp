@@ -36,7 +36,7 @@ FrmSplash::FrmSplash(QWidget *parent) : QWidget(parent, Qt::SplashScreen | Qt::F
 {
     setObjectName(QStringLiteral("frmSplash"));
     setWindowTitle(QStringLiteral("Vendrix"));
-    setAutoFillBackground(true);
+    setAttribute(Qt::WA_StyledBackground);
     setStyleSheet(QStringLiteral("#frmSplash { background: white; border: 1px solid #0d47a1; }"));
 
     auto *layout = new QVBoxLayout(this);
