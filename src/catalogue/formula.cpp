@@ -10,6 +10,10 @@ namespace vendrix {
 namespace {
 
 constexpr int kMaxProfundidad = 200;
+// The powers of ten that a double holds exactly.
+constexpr std::array<double, 23> kPotencias{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                            1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                            1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 // The value that marks a failed evaluation in `formula_valida`.
 constexpr double kMarcaFallo = -1000.0;
 
@@ -162,29 +166,46 @@ private:
     bool numero(double &v)
     {
         const qsizetype inicio = pos_;
+        // The usual literal has few digits: its mantissa and 10^decimals are
+        // exact doubles, so one division gives the correctly rounded value.
+        quint64 mantisa = 0;
+        int significativos = 0;
+        int decimales = 0;
         bool digitos = false;
-        while (!fin() && es_digito(actual())) {
-            ++pos_;
-            digitos = true;
-        }
+        auto leer_digitos = [&](bool fraccion) {
+            for (; !fin() && es_digito(actual()); ++pos_) {
+                digitos = true;
+                decimales += fraccion ? 1 : 0;
+                if (mantisa == 0 && actual() == u'0')
+                    continue;
+                if (++significativos <= 15)
+                    mantisa = mantisa * 10 + (actual() - u'0');
+            }
+        };
+        leer_digitos(false);
         if (!fin() && es_punto(actual())) {
             ++pos_;
-            while (!fin() && es_digito(actual())) {
-                ++pos_;
-                digitos = true;
-            }
+            leer_digitos(true);
         }
         if (!digitos)
             return false;
+        bool exponente = false;
         if (!fin() && (actual() == u'e' || actual() == u'E')) {
+            exponente = true;
             ++pos_;
             if (!fin() && (actual() == u'+' || actual() == u'-'))
                 ++pos_;
-            const qsizetype exponente = pos_;
+            const qsizetype inicio_exponente = pos_;
             while (!fin() && es_digito(actual()))
                 ++pos_;
-            if (pos_ == exponente)
+            if (pos_ == inicio_exponente)
                 return false;
+        }
+        if (!exponente && significativos <= 15 && decimales < static_cast<int>(kPotencias.size())) {
+            v = static_cast<double>(mantisa);
+            if (decimales > 0)
+                v /= kPotencias[static_cast<size_t>(decimales)];
+            return true;
         }
         return convertir(t_.sliced(inicio, pos_ - inicio), v);
     }
@@ -260,7 +281,7 @@ private:
             buf_[n_++] = *s++;
     }
 
-    std::array<char16_t, 256> local_{};
+    std::array<char16_t, 256> local_; // written before it is read
     std::u16string heap_;
     char16_t *buf_ = local_.data();
     qsizetype n_ = 0;

@@ -27,11 +27,9 @@ double fallo_por_id(Context &ctx, qint64 id)
 
 double precio_final(const ArticuloPrecio &articulo, const TablaReglas &reglas, const AjustesPrecio &ajustes)
 {
-    const QString &codigo = articulo.descripcion;
-    const double g =
-        formula_a_porcentaje(reglas.regla_ganancia(articulo.proveedor, articulo.grupo, codigo), u"ganancia");
-    const double d = formula_a_porcentaje(reglas.regla_descuento(articulo.proveedor, articulo.grupo, codigo),
-                                          u"descuento");
+    const ReglasArticulo formulas = reglas.reglas(articulo.proveedor, articulo.grupo, articulo.descripcion);
+    const double g = formula_a_porcentaje(formulas.ganancia, u"ganancia");
+    const double d = formula_a_porcentaje(formulas.descuento, u"descuento");
     double precio = valor_texto(articulo.precio);
     if (es_moneda_dolar(articulo.moneda))
         precio *= cotizacion_dolar(ajustes.valor_dolar);

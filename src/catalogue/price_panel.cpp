@@ -233,10 +233,9 @@ PanelPrecio cargar_panel(const ArticuloPrecio &articulo, std::optional<double> u
         }
     }
 
-    panel[C::TextBox_Ganancia].text =
-        reglas.regla_ganancia(articulo.proveedor, articulo.grupo, articulo.codigo);
-    panel[C::TextBox_Descuento].text =
-        reglas.regla_descuento(articulo.proveedor, articulo.grupo, articulo.codigo);
+    ReglasArticulo formulas = reglas.reglas(articulo.proveedor, articulo.grupo, articulo.codigo);
+    panel[C::TextBox_Ganancia].text = std::move(formulas.ganancia);
+    panel[C::TextBox_Descuento].text = std::move(formulas.descuento);
     panel[C::Textbox_desusr].text = QStringLiteral("0");
     calcular_precio_detalle(panel, ajustes);
     return panel;

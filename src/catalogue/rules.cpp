@@ -11,51 +11,55 @@ TablaReglas::TablaReglas(std::vector<FilaRegla> filas) : filas_(std::move(filas)
         const FilaRegla &f = filas_[static_cast<size_t>(i)];
         const qsizetype guion = f.articulo.indexOf(QLatin1String(" - "));
         largo_codigo_.push_back(guion < 0 ? f.articulo.size() : guion);
-        por_proveedor_[f.proveedor].push_back(i);
+        Indice &indice = por_proveedor_[f.proveedor];
+        if (f.grupo == kGrupoGeneral)
+            indice.lista = i;
+        indice.por_grupo[f.grupo].push_back(i);
     }
 }
 
-QString TablaReglas::regla(QString FilaRegla::*columna, const QString &proveedor, const QString &grupo,
-                           const QString &codigo) const
+ReglasArticulo TablaReglas::reglas(const QString &proveedor, const QString &grupo,
+                                   const QString &codigo) const
 {
-    const auto filas = por_proveedor_.constFind(proveedor);
-    if (filas == por_proveedor_.cend())
-        return QStringLiteral("0");
-    const QString *de_lista = nullptr;
-    const QString *de_grupo = nullptr;
-    QString de_articulo;
-    for (int i : *filas) {
-        const FilaRegla &f = filas_[static_cast<size_t>(i)];
-        if (f.grupo == kGrupoGeneral)
-            de_lista = &(f.*columna);
-        if (f.grupo == grupo) {
+    const QString cero = QStringLiteral("0");
+    const auto indice = por_proveedor_.constFind(proveedor);
+    if (indice == por_proveedor_.cend())
+        return {cero, cero};
+    const FilaRegla *de_lista = indice->lista < 0 ? nullptr : &filas_[static_cast<size_t>(indice->lista)];
+    const FilaRegla *de_grupo = nullptr;
+    const FilaRegla *de_articulo = nullptr;
+    const auto del_grupo = indice->por_grupo.constFind(grupo);
+    if (del_grupo != indice->por_grupo.cend()) {
+        for (int i : *del_grupo) {
+            const FilaRegla &f = filas_[static_cast<size_t>(i)];
             if (f.articulo == kTodosLosArticulos)
-                de_grupo = &(f.*columna);
-            if (QStringView(f.articulo).left(largo_codigo_[static_cast<size_t>(i)]) == codigo) {
-                const QString &valor = f.*columna;
-                de_articulo = valor.isEmpty() ? QStringLiteral("0") : valor;
-            }
+                de_grupo = &f;
+            if (QStringView(f.articulo).left(largo_codigo_[static_cast<size_t>(i)]) == codigo)
+                de_articulo = &f;
         }
     }
-    if (!de_articulo.isEmpty())
-        return de_articulo;
-    if (de_grupo && !de_grupo->isEmpty())
-        return *de_grupo;
-    if (de_lista && !de_lista->isEmpty())
-        return *de_lista;
-    return QStringLiteral("0");
+    auto elegir = [&](QString FilaRegla::*columna) {
+        if (de_articulo)
+            return (de_articulo->*columna).isEmpty() ? cero : de_articulo->*columna;
+        if (de_grupo && !(de_grupo->*columna).isEmpty())
+            return de_grupo->*columna;
+        if (de_lista && !(de_lista->*columna).isEmpty())
+            return de_lista->*columna;
+        return cero;
+    };
+    return {elegir(&FilaRegla::descuento), elegir(&FilaRegla::ganancia)};
 }
 
 QString TablaReglas::regla_descuento(const QString &proveedor, const QString &grupo,
                                      const QString &codigo) const
 {
-    return regla(&FilaRegla::descuento, proveedor, grupo, codigo);
+    return reglas(proveedor, grupo, codigo).descuento;
 }
 
 QString TablaReglas::regla_ganancia(const QString &proveedor, const QString &grupo,
                                     const QString &codigo) const
 {
-    return regla(&FilaRegla::ganancia, proveedor, grupo, codigo);
+    return reglas(proveedor, grupo, codigo).ganancia;
 }
 
 std::optional<TablaReglas> leer_reglas_proveedor(Context &ctx, const QString &proveedor)

@@ -22,8 +22,14 @@ struct FilaRegla {
 inline const QString kGrupoGeneral = QStringLiteral("General para la lista");
 inline const QString kTodosLosArticulos = QStringLiteral("Todos los articulos del grupo");
 
-// The shop's rules in the grid's order, with the rows of each supplier
-// indexed so that a whole price list can be resolved quickly.
+// The two formulas that apply to one article.
+struct ReglasArticulo {
+    QString descuento;
+    QString ganancia;
+};
+
+// The shop's rules in the grid's order, indexed by supplier and group so that
+// a whole price list can be resolved quickly.
 class TablaReglas {
 public:
     TablaReglas() = default;
@@ -38,14 +44,18 @@ public:
     // comparisons are exact.
     QString regla_descuento(const QString &proveedor, const QString &grupo, const QString &codigo) const;
     QString regla_ganancia(const QString &proveedor, const QString &grupo, const QString &codigo) const;
+    // Both at once.
+    ReglasArticulo reglas(const QString &proveedor, const QString &grupo, const QString &codigo) const;
 
 private:
-    QString regla(QString FilaRegla::*columna, const QString &proveedor, const QString &grupo,
-                  const QString &codigo) const;
+    struct Indice {
+        int lista = -1; // the supplier's last list-level row
+        QHash<QString, std::vector<int>> por_grupo;
+    };
 
     std::vector<FilaRegla> filas_;
     std::vector<qsizetype> largo_codigo_; // length of the code part of each `articulo`
-    QHash<QString, std::vector<int>> por_proveedor_;
+    QHash<QString, Indice> por_proveedor_;
 };
 
 // The rules of one supplier from `vendrix_descuentos`, in the order of the

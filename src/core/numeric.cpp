@@ -8,8 +8,11 @@ namespace vendrix {
 
 namespace {
 
-constexpr std::array<double, 16> kPow10{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+// The powers of ten that a double holds exactly.
+constexpr std::array<double, 23> kPow10{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                        1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                        1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int kMaxDecimalesRedondeo = 15;
 
 bool es_blanco(QChar c)
 {
@@ -38,8 +41,10 @@ public:
     {
         saltar_blancos();
         if (pos_ < text_.size() && (text_[pos_] == QLatin1Char('-') || text_[pos_] == QLatin1Char('+'))) {
-            if (text_[pos_] == QLatin1Char('-'))
+            if (text_[pos_] == QLatin1Char('-')) {
                 poner('-');
+                negativo_ = true;
+            }
             ++pos_;
         }
         const int inicio_mantisa = len_;
@@ -53,6 +58,14 @@ public:
         if (!hay_digitos || len_ == inicio_mantisa)
             return 0.0;
         leer_exponente();
+        // The usual amount has few digits: its mantissa and the power of ten
+        // are exact doubles, and one operation rounds correctly.
+        const long exponente = exponente_extra_ - fraccion_;
+        if (digitos_ <= 15 && exponente >= -22 && exponente <= 22) {
+            const double m = static_cast<double>(mantisa_) * (negativo_ ? -1.0 : 1.0);
+            const double escala = kPow10[static_cast<size_t>(exponente < 0 ? -exponente : exponente)];
+            return exponente < 0 ? m / escala : m * escala;
+        }
         if (exponente_extra_ != 0)
             poner_exponente(exponente_extra_);
         double value = 0.0;
@@ -99,6 +112,8 @@ private:
                 punto_ = true;
             }
             poner(static_cast<char>(c.unicode()));
+            mantisa_ = mantisa_ * 10 + static_cast<quint64>(c.unicode() - '0');
+            fraccion_ += enteros ? 0 : 1;
             ++digitos_;
         }
         if (enteros && hay_digitos && digitos_ == 0)
@@ -142,7 +157,10 @@ private:
     int len_ = 0;
     int digitos_ = 0;
     bool punto_ = false;
+    bool negativo_ = false;
     long exponente_extra_ = 0;
+    quint64 mantisa_ = 0; // the significant digits, while there are at most 15
+    int fraccion_ = 0;    // how many of them stand after the point
 };
 
 // The 15 significant digits of a non-zero finite value and the power of ten
@@ -221,7 +239,7 @@ bool es_numerico(QStringView text)
 
 double redondear(double value, int decimales)
 {
-    if (!std::isfinite(value) || decimales < 0 || decimales >= static_cast<int>(kPow10.size()))
+    if (!std::isfinite(value) || decimales < 0 || decimales > kMaxDecimalesRedondeo)
         return value;
     const double escala = kPow10[static_cast<size_t>(decimales)];
     const double s = value * escala;
@@ -241,17 +259,13 @@ QString texto_numero(double value)
         return QStringLiteral("0");
     std::array<char, 40> buf{};
     auto r = std::to_chars(buf.data(), buf.data() + buf.size(), value, std::chars_format::general, 15);
-    QString out;
-    out.reserve(static_cast<qsizetype>(r.ptr - buf.data()));
-    for (const char *p = buf.data(); p < r.ptr; ++p) {
+    for (char *p = buf.data(); p < r.ptr; ++p) {
         if (*p == '.')
-            out += kSeparadorDecimal;
+            *p = static_cast<char>(kSeparadorDecimal.unicode());
         else if (*p == 'e')
-            out += QLatin1Char('E');
-        else
-            out += QLatin1Char(*p);
+            *p = 'E';
     }
-    return out;
+    return QString::fromLatin1(buf.data(), r.ptr - buf.data());
 }
 
 QString formatear(double value, QStringView mascara)
@@ -265,49 +279,54 @@ QString formatear(double value, QStringView mascara)
         else if (c == QLatin1Char('0'))
             ++(tras_punto ? decimales : enteros_min);
     }
+    decimales = std::min(decimales, 30);
+    enteros_min = std::min(enteros_min, 30);
 
-    // The digits of round(|value| * 10^decimales), most significant first.
-    QString cifras;
+    // The digits of round(|value| * 10^decimales), most significant first,
+    // behind one place for the carry.
+    std::array<char, 360> cifras{};
+    int n = 0;
     if (value != 0.0 && std::isfinite(value)) {
         const Digitos15 d = digitos15(std::fabs(value));
         const int guardar = d.exponente + decimales;
         if (guardar >= 0) {
+            cifras[static_cast<size_t>(n++)] = '0';
             const int con_datos = std::min(guardar, 15);
-            cifras.reserve(guardar + 1);
             for (int i = 0; i < con_datos; ++i)
-                cifras += QLatin1Char(d.d[static_cast<size_t>(i)]);
+                cifras[static_cast<size_t>(n++)] = d.d[static_cast<size_t>(i)];
             if (guardar < 15 && d.d[static_cast<size_t>(guardar)] >= '5') {
-                int i = static_cast<int>(cifras.size()) - 1;
-                for (; i >= 0 && cifras[i] == QLatin1Char('9'); --i)
-                    cifras[i] = QLatin1Char('0');
-                if (i >= 0)
-                    cifras[i] = QChar(cifras[i].unicode() + 1);
-                else
-                    cifras.prepend(QLatin1Char('1'));
+                int i = n - 1;
+                for (; cifras[static_cast<size_t>(i)] == '9'; --i)
+                    cifras[static_cast<size_t>(i)] = '0';
+                ++cifras[static_cast<size_t>(i)];
             }
             for (int i = con_datos; i < guardar; ++i)
-                cifras += QLatin1Char('0');
+                cifras[static_cast<size_t>(n++)] = '0';
         }
     }
-    qsizetype primera = 0;
-    while (primera < cifras.size() && cifras[primera] == QLatin1Char('0'))
+    int primera = 0;
+    while (primera < n && cifras[static_cast<size_t>(primera)] == '0')
         ++primera;
-    const bool cero = primera == cifras.size();
-    cifras = cifras.mid(primera);
+    const int largo = n - primera;
+    const bool cero = largo == 0;
 
-    const int minimo = std::max(enteros_min, 1) + decimales;
-    if (cifras.size() < minimo)
-        cifras.prepend(QString(minimo - cifras.size(), QLatin1Char('0')));
-    if (enteros_min == 0 && cifras.size() > decimales && cifras.size() - decimales == 1 &&
-        cifras[0] == QLatin1Char('0') && decimales > 0) {
-        // A mask with no '0' before the point ("#.00") drops the lone zero.
-        cifras.remove(0, 1);
-    }
-    if (decimales > 0)
-        cifras.insert(cifras.size() - decimales, kSeparadorDecimal);
+    const int total = std::max(largo, std::max(enteros_min, 1) + decimales);
+    const int ceros = total - largo;
+    const int enteros = total - decimales;
+    // A mask with no '0' before the point ("#.00") drops the lone zero.
+    const int saltar = (enteros_min == 0 && decimales > 0 && enteros == 1 && ceros > 0) ? 1 : 0;
+    std::array<char, 400> out{};
+    int m = 0;
     if (value < 0 && !cero)
-        cifras.prepend(QLatin1Char('-'));
-    return cifras;
+        out[static_cast<size_t>(m++)] = '-';
+    for (int k = 0; k < total; ++k) {
+        if (k == enteros)
+            out[static_cast<size_t>(m++)] = static_cast<char>(kSeparadorDecimal.unicode());
+        if (k < saltar)
+            continue;
+        out[static_cast<size_t>(m++)] = k < ceros ? '0' : cifras[static_cast<size_t>(primera + k - ceros)];
+    }
+    return QString::fromLatin1(out.data(), m);
 }
 
 QString normalizar_decimal(const QString &text)
