@@ -17,6 +17,7 @@ const QStringList kFolder{QStringLiteral("--carpeta")};
 const std::array kCommands{
     Command{"verificar", "Prepara la carpeta, abre las bases de datos y aplica las actualizaciones del esquema.",
             kFolder, cmd_verificar},
+    Command{"precio", "Muestra el panel de precio de un artículo de la lista: precio ID.", kFolder, cmd_precio},
 };
 
 int usage(QTextStream &err)

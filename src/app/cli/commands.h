@@ -15,5 +15,6 @@ struct Command {
 
 // Every subcommand; each lives in its own cmd_*.cpp file.
 int cmd_verificar(const CliArgs &args);
+int cmd_precio(const CliArgs &args);
 
 } // namespace vendrix::cli
