@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -15,6 +17,7 @@ namespace vendrix {
 class Log;
 class Operator;
 class StatusSink;
+struct SqlError;
 
 // Values bound to the `?` placeholders of a statement, in order. User values
 // always travel this way; they are never pasted into the SQL text.
@@ -40,9 +43,15 @@ private:
 };
 
 // An open query, moved row by row. Columns are read as text (NULL reads "").
+// A cursor that reads shop tables through the price connection holds a read
+// lock on the shop file: release it before writing to the shop database.
 class Cursor {
 public:
+    // Told the error text when a later row can't be read.
+    using ErrorHandler = std::function<void(const QString &error)>;
+
     Cursor(sqlite3_stmt *stmt, bool has_row);
+    Cursor(sqlite3_stmt *stmt, bool has_row, ErrorHandler on_error);
     ~Cursor();
     Cursor(const Cursor &) = delete;
     Cursor &operator=(const Cursor &) = delete;
@@ -58,6 +67,7 @@ public:
 private:
     sqlite3_stmt *stmt_;
     bool has_row_;
+    ErrorHandler on_error_;
 };
 
 // The two database files of the application folder and the one layer every
@@ -128,6 +138,9 @@ public:
     // that need SQLite itself (registering functions, bulk loads). Null when
     // the file can't be opened.
     sqlite3 *conexion(const QString &target);
+    // Opens the target's file; "" when it is open, else why it can't be
+    // ("number description errno").
+    QString error_apertura(const QString &target);
 
 protected:
     // Called before each statement runs. A test double overrides it to make
@@ -136,13 +149,30 @@ protected:
     virtual bool antes_de_ejecutar(const QString &sql);
 
 private:
-    struct Prepared;
-    sqlite3 *abrir(bool price);
+    friend class Transaction;
+
+    // Opens the connection of one file with its attachment, or tells why not.
+    sqlite3 *abrir(bool price, SqlError &error);
+    sqlite3 *abrir_tienda(SqlError &error);
+    sqlite3 *abrir_precios(SqlError &error);
+    void adjuntar_listas();
+    // Opens the target, logs the statement when asked, runs the hook,
+    // prepares and binds. Null and the error on failure.
     sqlite3_stmt *preparar(const QString &sql, const QString &target, const SqlParams &params,
-                           QString &error);
+                           SqlError &error, bool log_sql = true);
+    // Prepares and runs a statement to its first row: the statement, with
+    // `rc` SQLITE_ROW or SQLITE_DONE, or null and the error.
+    sqlite3_stmt *ejecutar_primera(const QString &sql, const QString &target, const SqlParams &params,
+                                   SqlError &error, int &rc);
+    // A failed query: logged with its word, and the busy state released.
+    void fallo_consulta(const QString &word, const SqlError &error, const char *source);
+    bool probar(const QString &sql, const QString &target);
+    // A statement of the layer itself (a rollback) that no hook may stop.
+    bool ejecutar_interno(const QString &sql, const QString &target);
     void log_consulta(const QString &sql) const;
-    void log_tiempo(qint64 started_ms) const;
-    void log_error(const QString &word, const QString &error) const;
+    // The time since the statement was prepared, in whole seconds.
+    void log_tiempo() const;
+    void log_error(const QString &word, const SqlError &error, const char *source) const;
 
     QString folder_;
     Log &log_;
@@ -150,11 +180,16 @@ private:
     StatusSink &status_;
     sqlite3 *shop_ = nullptr;
     sqlite3 *price_ = nullptr;
+    bool listas_attached_ = false;
     bool price_writable_ = false;
+    int savepoints_ = 0;
+    QElapsedTimer reloj_;
 };
 
 // A transaction on one target's connection: `commit` makes the writes stay;
-// leaving the scope without a commit rolls them back.
+// leaving the scope without a commit rolls them back. It starts with
+// BEGIN IMMEDIATE; check `activa` when the start may fail (a locked or
+// damaged file), as statements would then run one by one.
 class Transaction {
 public:
     Transaction(Database &db, const QString &target);
@@ -168,7 +203,15 @@ public:
 private:
     Database &db_;
     QString target_;
+    // Inside another transaction on the same connection this one is a
+    // savepoint of it, so transactional helpers can call each other.
+    QString savepoint_;
     bool active_ = false;
 };
+
+// The text of a REAL as the rest of the program reads numbers: the shortest
+// decimal that reads back the same, "." as the decimal mark and no ".0" for
+// whole values (3.0 -> "3", 12.5 -> "12.5").
+QString texto_de_real(double value);
 
 } // namespace vendrix

@@ -46,6 +46,9 @@ public:
     QString formatear_linea(const QString &text, const QString &level) const;
 
 private:
+    // Level "E" lights the status bar's error indicator.
+    void encender_error(const QString &level) const;
+
     QString folder_;
     const Clock &clock_;
     StatusSink &status_;
