@@ -1,8 +1,7 @@
 #include "core/text_helpers.h"
 
+#include "core/cp1252.h"
 #include "core/numeric.h"
-
-#include <array>
 
 namespace vendrix {
 
@@ -14,24 +13,6 @@ const QString &caracteres_url()
     static const QString kSet =
         QStringLiteral("1234567890ABCDEFGHIJKLMNOPQRSTUVWXYZÑabcdefghijklmnopqrstuvwxyzáéíóúñ:/.?=_-$(){}~&");
     return kSet;
-}
-
-// The Windows-1252 code of a character (the code page the earlier program
-// and the shop's files use); "?" for a character it can't hold.
-int codigo_ansi(QChar c)
-{
-    static constexpr std::array<char16_t, 32> k80{
-        0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-        0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-    const char16_t u = c.unicode();
-    if (u < 0x80 || (u >= 0xA0 && u <= 0xFF))
-        return u;
-    for (size_t i = 0; i < k80.size(); ++i) {
-        if (k80[i] == u)
-            return static_cast<int>(0x80 + i);
-    }
-    return '?';
 }
 
 QString ultimos(const QString &relleno, const QString &text, int width)
@@ -81,8 +62,12 @@ QString codificar_url(const QString &text)
         } else if (c == QLatin1Char(' ')) {
             out += QLatin1Char('+');
         } else {
+            // The character's code in the shop's Windows code page.
+            const QByteArray ansi = cp1252::codificar(QStringView(&c, 1));
             out += QLatin1Char('%');
-            out += QString::number(codigo_ansi(c), 16).toUpper().rightJustified(2, QLatin1Char('0'));
+            out += QString::number(static_cast<uchar>(ansi.at(0)), 16)
+                       .toUpper()
+                       .rightJustified(2, QLatin1Char('0'));
         }
     }
     out.replace(QLatin1Char('+'), QLatin1String("%20"));
