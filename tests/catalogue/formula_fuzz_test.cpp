@@ -3,6 +3,8 @@
 // validity and to the bit in value. Fixed seed, bounded counts.
 #include "catalogue/formula.h"
 
+#include "support/qt_print.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>

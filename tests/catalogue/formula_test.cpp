@@ -1,5 +1,7 @@
 #include "catalogue/formula.h"
 
+#include "support/qt_print.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -3,6 +3,8 @@
 #include "catalogue/price_settings.h"
 #include "catalogue/rules.h"
 
+#include "support/qt_print.h"
+
 #include <gtest/gtest.h>
 
 namespace vendrix {

@@ -1,6 +1,7 @@
 #include "catalogue/price_panel.h"
 
 #include "catalogue/rules.h"
+#include "support/qt_print.h"
 #include "support/test_context.h"
 
 #include <gtest/gtest.h>
@@ -369,9 +370,12 @@ TEST(PanelPrecio, ThroughTheContextShowsMessagesLogsAndIsBusyMeanwhile)
               (QStringList{QStringLiteral("error|Error en la ganancia|La formula ingresada para la "
                                           "ganancia no es correcta. Por favor corríjala e intente "
                                           "nuevamente.")}));
-    const QString log = app.log_messages().join(QLatin1Char('\n'));
-    EXPECT_TRUE(log.contains(QStringLiteral("ER CALC0001 - 13 No coinciden los tipos 0 Vendrix")))
-        << log.toStdString();
+    QStringList esperado = p.errores;
+    for (QString &linea : esperado)
+        linea += QLatin1Char('.');
+    EXPECT_EQ(app.log_messages(), esperado);
+    EXPECT_EQ(esperado.first(), QStringLiteral("ER CALC0001 - 13 No coinciden los tipos 0 Vendrix."));
+    EXPECT_TRUE(app.status.keywords.contains(QStringLiteral("bug_on")));
     EXPECT_EQ(app.status.busy_changes, (std::vector<bool>{true, false, true, false}));
 }
 

@@ -1,5 +1,7 @@
 #include "catalogue/rules.h"
 
+#include "support/qt_print.h"
+
 #include <gtest/gtest.h>
 
 namespace vendrix {

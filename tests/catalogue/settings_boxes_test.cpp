@@ -2,6 +2,8 @@
 
 #include "support/test_context.h"
 
+#include "support/qt_print.h"
+
 #include <gtest/gtest.h>
 
 namespace vendrix {

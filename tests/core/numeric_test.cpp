@@ -1,5 +1,7 @@
 #include "core/numeric.h"
 
+#include "support/qt_print.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,5 +1,7 @@
 #include "core/text_helpers.h"
 
+#include "support/qt_print.h"
+
 #include <gtest/gtest.h>
 
 namespace vendrix {

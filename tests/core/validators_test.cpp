@@ -2,6 +2,8 @@
 
 #include "support/scripted_operator.h"
 
+#include "support/qt_print.h"
+
 #include <gtest/gtest.h>
 
 namespace vendrix {
