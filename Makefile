@@ -18,8 +18,8 @@ build: deps
 	cmake --build $(BUILD) -j $(JOBS)
 
 run: build
-	@if [ ! -f $(DEMO)/Config.vdrx ] && [ ! -f $(DEMO)/clientes.install ]; then \
-	  mkdir -p $(DEMO) && cp $(BUILD)/data/clientes.install $(DEMO)/; \
+	@if [ ! -f $(DEMO)/Config.vdrx ] && [ ! -f $(DEMO)/Vendrix.install ]; then \
+	  $(BUILD)/src/app/vendrix-cli demo --carpeta $(DEMO); \
 	fi
 	$(BUILD)/src/app/vendrix-cli verificar --carpeta $(DEMO)
 

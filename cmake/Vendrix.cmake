@@ -23,14 +23,19 @@ function(vendrix_library name)
 endfunction()
 
 # A test program made of every source file of one folder under tests/.
-# Usage: vendrix_tests(core LIBS vendrix_core)
+# Usage: vendrix_tests(core LIBS vendrix_core); NO_GTEST_MAIN when the folder
+# has its own main (widget tests create a QApplication first).
 function(vendrix_tests name)
-  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+  cmake_parse_arguments(ARG "NO_GTEST_MAIN" "" "LIBS" ${ARGN})
+  set(gtest_main GTest::gtest_main)
+  if(ARG_NO_GTEST_MAIN)
+    set(gtest_main "")
+  endif()
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
        ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   add_executable(test_${name} ${sources})
   target_link_libraries(test_${name} PRIVATE ${ARG_LIBS} vendrix_test_support
-                                             GTest::gtest GTest::gmock GTest::gtest_main)
+                                             GTest::gtest GTest::gmock ${gtest_main})
   target_compile_definitions(test_${name} PRIVATE
     VENDRIX_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
     VENDRIX_SEED_DIR="${CMAKE_BINARY_DIR}/data")

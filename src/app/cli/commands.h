@@ -15,6 +15,8 @@ struct Command {
 
 // Every subcommand; each lives in its own cmd_*.cpp file.
 int cmd_verificar(const CliArgs &args);
+int cmd_construir_lista(const CliArgs &args);
+int cmd_demo(const CliArgs &args);
 int cmd_precio(const CliArgs &args);
 
 } // namespace vendrix::cli

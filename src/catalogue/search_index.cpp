@@ -1,0 +1,149 @@
+#include "catalogue/search_index.h"
+
+#include "catalogue/lista_formato.h"
+#include "catalogue/lista_sqlite.h"
+
+#include <sqlite3.h>
+
+namespace vendrix {
+
+namespace {
+
+// The plain letter of an upper-case vowel with a mark; the same character
+// for every other one. Ñ and Ü are left alone on purpose.
+QChar vocal_simple(QChar c)
+{
+    switch (c.unicode()) {
+    case u'Á':
+    case u'À':
+    case u'Ä':
+    case u'Â':
+    case u'Ã':
+        return QLatin1Char('A');
+    case u'É':
+    case u'È':
+    case u'Ë':
+    case u'Ê':
+        return QLatin1Char('E');
+    case u'Í':
+    case u'Ì':
+    case u'Ï':
+    case u'Î':
+        return QLatin1Char('I');
+    case u'Ó':
+    case u'Ò':
+    case u'Ö':
+    case u'Ô':
+    case u'Õ':
+        return QLatin1Char('O');
+    case u'Ú':
+    case u'Ù':
+    case u'Û':
+        return QLatin1Char('U');
+    default:
+        return c;
+    }
+}
+
+bool ejecutar(sqlite3 *db, const char *sql)
+{
+    return sqlite3_exec(db, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+bool existe_tabla(sqlite3 *db, const char *tabla)
+{
+    SentenciaSqlite probe(db, "SELECT 1 FROM sqlite_master WHERE type IN ('table','view') AND name = ? "
+                              "COLLATE NOCASE");
+    probe.texto(1, QString::fromUtf8(tabla));
+    return probe.fila();
+}
+
+// True when the index has exactly the articles of the list.
+bool indice_completo(sqlite3 *db)
+{
+    SentenciaSqlite counts(db,
+                           "SELECT (SELECT count(*) FROM xls_listas) = (SELECT count(*) FROM xls_busqueda)"
+                           " AND (SELECT ifnull(max(ID), 0) FROM xls_listas)"
+                           " = (SELECT ifnull(max(rowid), 0) FROM xls_busqueda)");
+    return counts.fila() && counts.columna_entero(0) == 1;
+}
+
+bool completar_indice(sqlite3 *db)
+{
+    if (!ejecutar(db, "DELETE FROM xls_busqueda WHERE rowid NOT IN (SELECT ID FROM xls_listas)"))
+        return false;
+    SentenciaSqlite faltan(db, "SELECT ID, Proveedor, Grupo, Observaciones, Descripcion, Marca, Codigo "
+                               "FROM xls_listas WHERE ID NOT IN (SELECT rowid FROM xls_busqueda)");
+    SentenciaSqlite insertar(db, "INSERT INTO xls_busqueda (rowid, texto) VALUES (?, ?)");
+    if (!faltan.valida() || !insertar.valida())
+        return false;
+    while (faltan.fila()) {
+        insertar.entero(1, faltan.columna_entero(0));
+        insertar.texto(2, texto_busqueda(faltan.columna(1), faltan.columna(2), faltan.columna(3),
+                                         faltan.columna(4), faltan.columna(5), faltan.columna(6)));
+        if (!insertar.ejecutar())
+            return false;
+    }
+    return !faltan.fallo();
+}
+
+bool marcar_version(sqlite3 *db)
+{
+    SentenciaSqlite version(db, "PRAGMA user_version");
+    if (!version.fila())
+        return false;
+    if (version.columna_entero(0) < kFormatoLista &&
+        !ejecutar(db, QStringLiteral("PRAGMA user_version = %1").arg(kFormatoLista).toUtf8().constData()))
+        return false;
+    if (!existe_tabla(db, "xls_parametros"))
+        return true;
+    SentenciaSqlite borrar(db, "DELETE FROM xls_parametros WHERE CLAVE = ?");
+    borrar.texto(1, QString::fromLatin1(kClaveFormato));
+    SentenciaSqlite poner(db, "INSERT INTO xls_parametros (CLAVE, VALOR) VALUES (?, ?)");
+    poner.texto(1, QString::fromLatin1(kClaveFormato));
+    poner.texto(2, QString::number(kFormatoLista));
+    return borrar.ejecutar() && poner.ejecutar();
+}
+
+bool asegurar(sqlite3 *db)
+{
+    if (!existe_tabla(db, "xls_listas"))
+        return false;
+    if (!ejecutar(db,
+                  "CREATE VIRTUAL TABLE IF NOT EXISTS xls_busqueda USING fts5(texto, tokenize='trigram')"))
+        return false;
+    if (!indice_completo(db) && !completar_indice(db))
+        return false;
+    return marcar_version(db);
+}
+
+} // namespace
+
+QString plegar_texto(const QString &text)
+{
+    QString folded = text.toUpper();
+    for (QChar &c : folded)
+        c = vocal_simple(c);
+    return folded;
+}
+
+QString texto_busqueda(const QString &proveedor, const QString &grupo, const QString &observaciones,
+                       const QString &descripcion, const QString &marca, const QString &codigo)
+{
+    const QChar blank = QLatin1Char(' ');
+    return plegar_texto(proveedor + blank + grupo + blank + observaciones + blank + descripcion + blank +
+                        marca + blank + codigo);
+}
+
+bool asegurar_indice_busqueda(sqlite3 *db)
+{
+    if (!db || !ejecutar(db, "SAVEPOINT indice_busqueda"))
+        return false;
+    if (asegurar(db))
+        return ejecutar(db, "RELEASE indice_busqueda");
+    ejecutar(db, "ROLLBACK TO indice_busqueda");
+    ejecutar(db, "RELEASE indice_busqueda");
+    return false;
+}
+
+} // namespace vendrix

@@ -1,0 +1,90 @@
+#include "catalogue/lista_builder.h"
+#include "catalogue/lista_sqlite.h"
+#include "catalogue/search_index.h"
+#include "lista_test_util.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace vendrix {
+namespace {
+
+using test::articulo;
+using test::filas;
+using test::valor;
+
+class IndiceBusquedaTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ListaProveedor list{
+            QStringLiteral("Ñandú"),
+            QStringLiteral("2026-11-01"),
+            {},
+            {},
+            {articulo(QStringLiteral("A1"), QStringLiteral("Tubería de cobre"), QStringLiteral("10")),
+             articulo(QStringLiteral("A2"), QStringLiteral("Llave 100%"), QStringLiteral("20")),
+             articulo(QStringLiteral("A3"), QStringLiteral("Pingüino"), QStringLiteral("30"))}};
+        list.articulos[1].observaciones = QStringLiteral("oferta");
+        ASSERT_TRUE(construir_lista({path_, {}, {}, QStringLiteral("2026-11-23"), {}, {}}, {list}).ok());
+        QString error;
+        db_ = BaseSqlite::abrir(path_, BaseSqlite::Modo::Crear, error);
+        ASSERT_TRUE(db_) << error.toStdString();
+    }
+
+    QTemporaryDir dir_;
+    QString path_ = dir_.filePath(QStringLiteral("Vendrix.vdrxdb"));
+    std::unique_ptr<BaseSqlite> db_;
+};
+
+TEST_F(IndiceBusquedaTest, AddsTheIndexAndTheFormatVersionToAFileThatLacksThem)
+{
+    ASSERT_TRUE(db_->ejecutar("DROP TABLE xls_busqueda; PRAGMA user_version = 0;"
+                              "DELETE FROM xls_parametros WHERE CLAVE = 'FORMATO'"));
+    ASSERT_TRUE(asegurar_indice_busqueda(db_->db()));
+    db_->cerrar();
+    EXPECT_EQ(filas(path_, "SELECT rowid, texto FROM xls_busqueda ORDER BY rowid"),
+              (QStringList{QStringLiteral("1|ÑANDU GRUPO  TUBERIA DE COBRE MARCA A1"),
+                           QStringLiteral("2|ÑANDU GRUPO OFERTA LLAVE 100% MARCA A2"),
+                           QStringLiteral("3|ÑANDU GRUPO  PINGÜINO MARCA A3")}));
+    EXPECT_EQ(valor(path_, "PRAGMA user_version"), QStringLiteral("1"));
+    EXPECT_EQ(valor(path_, "SELECT VALOR FROM xls_parametros WHERE CLAVE = 'FORMATO'"), QStringLiteral("1"));
+    // Terms folded the same way find their articles through the index.
+    EXPECT_EQ(
+        filas(path_, "SELECT rowid FROM xls_busqueda WHERE texto LIKE '%TUBERIA%' AND texto LIKE '%COBRE%'"),
+        QStringList{QStringLiteral("1")});
+    EXPECT_EQ(filas(path_, "SELECT rowid FROM xls_busqueda WHERE xls_busqueda MATCH '\"00%\"'"),
+              QStringList{QStringLiteral("2")});
+}
+
+TEST_F(IndiceBusquedaTest, FollowsArticlesAddedAndRemovedAfterTheBuild)
+{
+    ASSERT_TRUE(
+        db_->ejecutar("INSERT INTO xls_listas (Proveedor, Grupo, Codigo, Descripcion, Marca, Precio, Moneda) "
+                      "VALUES ('Mi Comercio', 'PROPIOS', 'X1', 'Artículo propio', NULL, '5', '1');"
+                      "DELETE FROM xls_listas WHERE ID = 2"));
+    ASSERT_TRUE(asegurar_indice_busqueda(db_->db()));
+    ASSERT_TRUE(asegurar_indice_busqueda(db_->db())); // nothing left to do
+    db_->cerrar();
+    EXPECT_EQ(filas(path_, "SELECT rowid, texto FROM xls_busqueda ORDER BY rowid"),
+              (QStringList{QStringLiteral("1|ÑANDU GRUPO  TUBERIA DE COBRE MARCA A1"),
+                           QStringLiteral("3|ÑANDU GRUPO  PINGÜINO MARCA A3"),
+                           QStringLiteral("4|MI COMERCIO PROPIOS  ARTICULO PROPIO  X1")}));
+}
+
+TEST_F(IndiceBusquedaTest, ChangesNothingWhenItFails)
+{
+    ASSERT_TRUE(db_->ejecutar("DROP TABLE xls_busqueda; BEGIN"));
+    ASSERT_TRUE(asegurar_indice_busqueda(db_->db()));
+    ASSERT_TRUE(db_->ejecutar("ROLLBACK")); // it joins the caller's transaction
+    ASSERT_TRUE(db_->ejecutar("ALTER TABLE xls_listas RENAME TO otra"));
+    EXPECT_FALSE(asegurar_indice_busqueda(db_->db()));
+    db_->cerrar();
+    EXPECT_EQ(valor(path_, "SELECT count(*) FROM sqlite_master WHERE name = 'xls_busqueda'"),
+              QStringLiteral("0"));
+    EXPECT_FALSE(asegurar_indice_busqueda(nullptr));
+}
+
+} // namespace
+} // namespace vendrix

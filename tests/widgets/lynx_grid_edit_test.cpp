@@ -1,0 +1,136 @@
+#include "grid_fixture.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace vendrix::widgets;
+using vendrix::test::make_grid;
+
+namespace {
+
+// A shown cart-like grid: quantity with the number filter, a code column
+// that upper-cases, and a locked description.
+std::unique_ptr<LynxGrid> edit_grid()
+{
+    auto grid = std::make_unique<LynxGrid>();
+    ColumnSpec quantity;
+    quantity.heading = "Cant.";
+    quantity.input_filter = "1234567890.-,";
+    grid->AddColumn(quantity);
+    ColumnSpec code;
+    code.heading = "Código";
+    code.input_filter = ">";
+    grid->AddColumn(code);
+    ColumnSpec description;
+    description.heading = "Artículo";
+    description.locked = true;
+    grid->AddColumn(description);
+    grid->AddItem("1\tab-1\tTornillo");
+    grid->setAllowEdit(true);
+    grid->resize(500, 200);
+    grid->show();
+    return grid;
+}
+
+// The open editor; closed ones linger hidden until deleted.
+QLineEdit *editor_of(LynxGrid &grid)
+{
+    for (QLineEdit *editor : grid.view()->viewport()->findChildren<QLineEdit *>()) {
+        if (!editor->isHidden())
+            return editor;
+    }
+    return nullptr;
+}
+
+// Opens the cell, clears it, types the characters and presses Enter.
+void type_into(LynxGrid &grid, int row, int col, const QString &keys)
+{
+    ASSERT_TRUE(grid.ForceCellEdit(row, col));
+    QLineEdit *editor = editor_of(grid);
+    ASSERT_NE(editor, nullptr);
+    editor->clear();
+    for (const QChar c : keys) {
+        // Key events as a keyboard sends them, accents included.
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
+        QCoreApplication::sendEvent(editor, &press);
+    }
+    QTest::keyClick(editor, Qt::Key_Return);
+    // The delegate commits on Enter through a queued call.
+    QCoreApplication::processEvents();
+}
+
+} // namespace
+
+TEST(LynxGridEdit, NumberFilterDropsLettersAndKeepsDigitsAndSeparators)
+{
+    auto grid = edit_grid();
+    type_into(*grid, 0, 0, "2a,5x");
+    EXPECT_EQ(grid->CellText(0, 0), "2,5");
+    EXPECT_FALSE(grid->EditPending());
+}
+
+TEST(LynxGridEdit, UpperCaseFilterRaisesEveryKey)
+{
+    auto grid = edit_grid();
+    type_into(*grid, 0, 1, "xy-9ñ");
+    EXPECT_EQ(grid->CellText(0, 1), "XY-9Ñ");
+}
+
+TEST(LynxGridEdit, EditKeyPressMayChangeOrDropTheFilteredKey)
+{
+    auto grid = edit_grid();
+    std::vector<int> seen;
+    grid->setEditKeyPressHandler([&](int col, int &key) {
+        EXPECT_EQ(col, 0);
+        seen.push_back(key);
+        if (key == '.')
+            key = ',';
+        if (key == '-')
+            key = 0;
+    });
+    type_into(*grid, 0, 0, "1.5-a");
+    EXPECT_EQ(grid->CellText(0, 0), "1,5");
+    // The letter reached the owner already dropped by the filter.
+    EXPECT_EQ(seen, std::vector<int>({'1', '.', '5', '-', 0}));
+}
+
+TEST(LynxGridEdit, AfterEditCancelKeepsTheOldValueAndMayRewriteTheNewOne)
+{
+    auto grid = edit_grid();
+    grid->setAfterEditHandler([](int row, int col, QString &value, bool &cancel) {
+        EXPECT_EQ(row, 0);
+        EXPECT_EQ(col, 0);
+        cancel = value.isEmpty() || value == "0";
+        value = value + ",00";
+    });
+    type_into(*grid, 0, 0, "0");
+    EXPECT_EQ(grid->CellText(0, 0), "1");
+    type_into(*grid, 0, 0, "3");
+    EXPECT_EQ(grid->CellText(0, 0), "3,00");
+}
+
+TEST(LynxGridEdit, BeforeEditAndLockedColumnsRefuseTheEditor)
+{
+    auto grid = edit_grid();
+    EXPECT_FALSE(grid->ForceCellEdit(0, 2));
+    grid->setBeforeEditHandler([](int, int col, bool &cancel) { cancel = col == 1; });
+    EXPECT_FALSE(grid->ForceCellEdit(0, 1));
+    EXPECT_TRUE(grid->ForceCellEdit(0, 0));
+    EXPECT_TRUE(grid->EditPending());
+    editor_of(*grid)->setText("7");
+    grid->CommitEdit();
+    EXPECT_FALSE(grid->EditPending());
+    EXPECT_EQ(grid->CellText(0, 0), "7");
+}
+
+TEST(LynxGridEdit, NothingOpensWithoutAllowEdit)
+{
+    auto grid = edit_grid();
+    grid->setAllowEdit(false);
+    EXPECT_FALSE(grid->ForceCellEdit(0, 0));
+}

@@ -1,0 +1,227 @@
+#include "grid_fixture.h"
+
+#include <QSignalSpy>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace vendrix::widgets;
+using vendrix::test::column_texts;
+using vendrix::test::make_grid;
+
+TEST(LynxGridRows, AddItemSplitsAtTabsAndLeavesMissingCellsEmpty)
+{
+    auto grid =
+        make_grid({"Cant.", "Artículo", "Precio"}, {"2\tTornillo 3/8\t10,50", "1", "\t\tsolo precio"});
+    ASSERT_EQ(grid->Rows(), 3);
+    EXPECT_EQ(column_texts(*grid, 0), QStringList({"2", "1", ""}));
+    EXPECT_EQ(column_texts(*grid, 1), QStringList({"Tornillo 3/8", "", ""}));
+    EXPECT_EQ(column_texts(*grid, 2), QStringList({"10,50", "", "solo precio"}));
+    EXPECT_EQ(grid->CellText(0, 7), "");
+    EXPECT_EQ(grid->CellText(9, 0), "");
+}
+
+TEST(LynxGridRows, SetCellTextReplacesOneCellAndMayHoldATab)
+{
+    auto grid = make_grid({"A", "B", "C"}, {"uno\tdos\ttres", "x"});
+    grid->setCellText(0, 1, "dos largo");
+    grid->setCellText(0, 0, "");
+    grid->setCellText(1, 2, "a\tb");
+    EXPECT_EQ(column_texts(*grid, 0), QStringList({"", "x"}));
+    EXPECT_EQ(column_texts(*grid, 1), QStringList({"dos largo", ""}));
+    EXPECT_EQ(column_texts(*grid, 2), QStringList({"tres", "a\tb"}));
+    grid->setCellText(1, 0, "equis");
+    grid->setCellText(1, 1, "medio");
+    EXPECT_EQ(grid->CellText(1, 2), "a\tb");
+    EXPECT_EQ(grid->CellText(1, 1), "medio");
+    EXPECT_EQ(grid->CellText(1, 3), "");
+    grid->setCellText(0, 5, "fuera"); // no such column: ignored
+    EXPECT_EQ(grid->CellText(0, 5), "");
+}
+
+TEST(LynxGridRows, ClearKeepsColumnsAndCaptionsClearAllRemovesEverything)
+{
+    auto grid = make_grid({"A", "B"}, {"1\t2", "3\t4"});
+    grid->setTotalsLineCaption(1, "Carrito guardado: 261123-103000");
+    grid->Clear();
+    EXPECT_EQ(grid->Rows(), 0);
+    EXPECT_EQ(grid->Cols(), 2);
+    EXPECT_EQ(grid->ColHeading(1), "B");
+    EXPECT_EQ(grid->TotalsLineCaption(1), "Carrito guardado: 261123-103000");
+    grid->AddItem("5\t6");
+    grid->ClearAll();
+    EXPECT_EQ(grid->Rows(), 0);
+    EXPECT_EQ(grid->Cols(), 0);
+    EXPECT_EQ(grid->TotalsLineCaption(1), "");
+    EXPECT_EQ(grid->view()->model()->columnCount(), 0);
+}
+
+TEST(LynxGridRows, RemoveItemOutOfRangeDoesNothing)
+{
+    auto grid = make_grid({"A"}, {"a", "b", "c"});
+    grid->RemoveItem(-1);
+    grid->RemoveItem(3);
+    EXPECT_EQ(column_texts(*grid, 0), QStringList({"a", "b", "c"}));
+    grid->RemoveItem(1);
+    EXPECT_EQ(column_texts(*grid, 0), QStringList({"a", "c"}));
+    EXPECT_EQ(grid->view()->model()->rowCount(), 2);
+}
+
+TEST(LynxGridRows, RemovingTheCurrentRowMovesToTheNextAndKeepsStylesWithTheirRows)
+{
+    auto grid = make_grid({"A"}, {"a", "b", "c"});
+    grid->setRowTag(2, "tercera");
+    grid->setCellBackColor(2, 0, Qt::red);
+    grid->setRow(1);
+    grid->RemoveItem(1);
+    EXPECT_EQ(grid->Row(), 1);
+    EXPECT_EQ(grid->CellText(grid->Row(), 0), "c");
+    EXPECT_EQ(grid->RowTag(1), "tercera");
+    EXPECT_EQ(grid->CellBackColor(1, 0), QColor(Qt::red));
+    EXPECT_TRUE(grid->RowSelected(1));
+    grid->RemoveItem(1);
+    EXPECT_EQ(grid->Row(), 0);
+    grid->RemoveItem(0);
+    EXPECT_EQ(grid->Row(), -1);
+}
+
+TEST(LynxGridRows, FilteredOutRowsStillReadBackAndFilterOffShowsThem)
+{
+    auto grid = make_grid({"Proveedor", "Artículo"},
+                          {"ACME\tTornillo", "Bulonera\tTuerca", "acme sa\tArandela", "Otro\tClavo"});
+    grid->FilterOn(0, "ACME");
+    EXPECT_EQ(grid->view()->model()->rowCount(), 2);
+    EXPECT_EQ(grid->Rows(), 4);
+    EXPECT_EQ(grid->CellText(1, 1), "Tuerca");
+    EXPECT_EQ(grid->view()->model()->index(1, 1).data().toString(), "Arandela");
+    grid->FilterOff();
+    EXPECT_EQ(grid->view()->model()->rowCount(), 4);
+}
+
+TEST(LynxGridRows, HiddenRowsLeaveTheViewButKeepTheirNumber)
+{
+    auto grid = make_grid({"A"}, {"a", "b", "c"});
+    grid->setRowVisible(0, false);
+    EXPECT_FALSE(grid->RowVisible(0));
+    EXPECT_EQ(grid->view()->model()->rowCount(), 2);
+    EXPECT_EQ(grid->view()->model()->index(0, 0).data().toString(), "b");
+    grid->AddItem("d");
+    EXPECT_EQ(grid->view()->model()->rowCount(), 3);
+    EXPECT_EQ(grid->view()->model()->index(2, 0).data().toString(), "d");
+    grid->setRowVisible(0, true);
+    EXPECT_EQ(grid->view()->model()->rowCount(), 4);
+}
+
+TEST(LynxGridRows, FindItemMatchesWholeOrPartIgnoringCase)
+{
+    auto grid = make_grid({"A", "B"}, {"x\tTornillo", "y\ttuerca", "z\tTUERCA 8"});
+    EXPECT_EQ(grid->FindItem("TUERCA", 1), 1);
+    EXPECT_EQ(grid->FindItem("tuerca", 1, 2), -1);
+    EXPECT_EQ(grid->FindItem("tuerca", 1, 2, true), 2);
+    EXPECT_EQ(grid->FindItem("w", 0), -1);
+}
+
+TEST(LynxGridRows, RedrawOffHoldsTheViewBackAndResetsItOnce)
+{
+    auto grid = make_grid({"A", "B"});
+    QSignalSpy resets(grid->view()->model(), &QAbstractItemModel::modelReset);
+    QSignalSpy inserts(grid->view()->model(), &QAbstractItemModel::rowsInserted);
+    grid->setRedraw(false);
+    for (int i = 0; i < 1000; ++i)
+        grid->AddItem(QString::number(i) + "\tx");
+    EXPECT_EQ(grid->view()->model()->rowCount(), 0);
+    grid->setRedraw(true);
+    EXPECT_EQ(resets.count(), 1);
+    EXPECT_EQ(inserts.count(), 0);
+    EXPECT_EQ(grid->view()->model()->rowCount(), 1000);
+    EXPECT_EQ(grid->CellText(999, 0), "999");
+}
+
+TEST(LynxGridSelection, SingleSelectionFollowsTheCurrentRow)
+{
+    auto grid = make_grid({"A"}, {"a", "b", "c"});
+    QSignalSpy moved(grid.get(), &LynxGrid::RowColChanged);
+    EXPECT_EQ(grid->Row(), -1);
+    grid->setRow(2);
+    grid->setRow(0);
+    EXPECT_EQ(grid->SelectedCount(), 1);
+    EXPECT_TRUE(grid->RowSelected(0));
+    EXPECT_EQ(moved.count(), 2);
+    EXPECT_EQ(grid->view()->currentIndex().row(), 0);
+    grid->setRow(7); // no such row: ignored
+    EXPECT_EQ(grid->Row(), 0);
+}
+
+TEST(LynxGridSelection, MultiSelectKeepsEachRowsFlag)
+{
+    auto grid = make_grid({"A"}, {"a", "b", "c", "d"});
+    grid->setMultiSelect(true);
+    QSignalSpy changed(grid.get(), &LynxGrid::SelectionChanged);
+    grid->setRowSelected(1, true);
+    grid->setRowSelected(3, true);
+    grid->setRow(0);
+    EXPECT_EQ(grid->SelectedCount(), 2);
+    grid->RemoveItem(1);
+    EXPECT_EQ(grid->SelectedCount(), 1);
+    EXPECT_TRUE(grid->RowSelected(2));
+    grid->SelectedClearAll();
+    EXPECT_EQ(grid->SelectedCount(), 0);
+    EXPECT_EQ(changed.count(), 4);
+}
+
+TEST(LynxGridStyle, ColoursTagsAndImagesStayWithTheirCells)
+{
+    auto grid = make_grid({"A", "B"}, {"1\tx", "2\ty"});
+    grid->setRowBackColor(0, QColor(0xC0, 0xFF, 0xC0));
+    grid->setCellForeColor(1, 1, Qt::blue);
+    grid->setCellFontBold(1, 0, true);
+    grid->setRowData(1, 4711);
+    grid->setCellTag(0, 1, "12.3456");
+    const QAbstractItemModel *model = grid->view()->model();
+    EXPECT_EQ(model->index(0, 1).data(Qt::BackgroundRole).value<QColor>(), QColor(0xC0, 0xFF, 0xC0));
+    EXPECT_EQ(model->index(1, 1).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::blue));
+    EXPECT_TRUE(model->index(1, 0).data(Qt::FontRole).value<QFont>().bold());
+    EXPECT_EQ(grid->RowData(1), 4711);
+    EXPECT_EQ(grid->CellTag(0, 1), "12.3456");
+    EXPECT_EQ(grid->CellTag(1, 1), "");
+    EXPECT_FALSE(grid->CellFontBold(0, 0));
+    // A selected row shows the selection colour over its own.
+    grid->setRow(0);
+    EXPECT_EQ(model->index(0, 1).data(Qt::BackgroundRole).value<QBrush>().color(),
+              grid->palette().color(QPalette::Highlight));
+}
+
+TEST(LynxGridLook, DateColumnsShowTheirFormatWhileCellTextKeepsTheStoredText)
+{
+    auto grid = make_grid({"ID"}, {});
+    grid->AddColumn({.heading = "Fecha", .type = ColumnType::Date, .format = "dd/mm/yyyy"});
+    grid->AddItem("7\t2026-11-23 10:30:00");
+    EXPECT_EQ(grid->view()->model()->index(0, 1).data().toString(), "23/11/2026");
+    EXPECT_EQ(grid->CellText(0, 1), "2026-11-23 10:30:00");
+    grid->setCellFormatter([](const QString &text, const QString &format) { return format + ":" + text; });
+    EXPECT_EQ(grid->view()->model()->index(0, 1).data().toString(), "dd/mm/yyyy:2026-11-23 10:30:00");
+    EXPECT_EQ(grid->view()->model()->index(0, 0).data().toString(), "7");
+}
+
+TEST(LynxGridLook, ALargerFontMakesTallerRows)
+{
+    auto grid = make_grid({"A"}, {"a"});
+    const int before = grid->view()->rowHeight(0);
+    QFont large = grid->font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    grid->setFont(large);
+    EXPECT_GT(grid->view()->rowHeight(0), before);
+}
+
+TEST(LynxGridEvents, KeysOnTheViewAreReportedAsKeyDown)
+{
+    auto grid = make_grid({"A"}, {"a", "b"});
+    QSignalSpy keys(grid.get(), &LynxGrid::KeyDown);
+    QTest::keyClick(grid->view(), Qt::Key_Delete, Qt::ShiftModifier);
+    // Shift goes down first, as on a keyboard.
+    ASSERT_EQ(keys.count(), 2);
+    EXPECT_EQ(keys.at(0).at(0).toInt(), int(Qt::Key_Shift));
+    EXPECT_EQ(keys.at(1).at(0).toInt(), int(Qt::Key_Delete));
+    EXPECT_EQ(keys.at(1).at(1).value<Qt::KeyboardModifiers>(), Qt::ShiftModifier);
+}

@@ -1,0 +1,123 @@
+#include "grid_fixture.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+using namespace vendrix::widgets;
+using vendrix::test::column_texts;
+using vendrix::test::make_grid;
+
+namespace {
+
+std::unique_ptr<LynxGrid> typed_grid(ColumnType type, std::initializer_list<const char *> cells)
+{
+    auto grid = make_grid({"Clave"});
+    ColumnSpec spec;
+    spec.heading = "Valor";
+    spec.type = type;
+    grid->AddColumn(spec);
+    int n = 0;
+    for (const char *cell : cells)
+        grid->AddItem(QString::number(n++) + "\t" + QString::fromUtf8(cell));
+    return grid;
+}
+
+} // namespace
+
+TEST(LynxGridSort, NumbersSortByValue)
+{
+    auto grid = typed_grid(ColumnType::Number, {"10", "9", "-1,5", "", "100", "2.25", "abc"});
+    grid->Sort(1, true);
+    EXPECT_EQ(column_texts(*grid, 1), QStringList({"-1,5", "", "abc", "2.25", "9", "10", "100"}));
+    grid->Sort(1, false);
+    EXPECT_EQ(column_texts(*grid, 1), QStringList({"100", "10", "9", "2.25", "", "abc", "-1,5"}));
+}
+
+TEST(LynxGridSort, TextSortsIgnoringCaseInSpanishOrder)
+{
+    auto grid = typed_grid(ColumnType::Text, {"tuerca", "Arandela", "BULON", "oring", "arandela chica",
+                                              "Ñandú", "Tornillo", "nudo", "Ácido"});
+    grid->Sort(1, true);
+    EXPECT_EQ(column_texts(*grid, 1), QStringList({"Ácido", "Arandela", "arandela chica", "BULON", "nudo",
+                                                   "Ñandú", "oring", "Tornillo", "tuerca"}));
+}
+
+TEST(LynxGridSort, DatesSortByDateWithNonDatesFirst)
+{
+    auto grid = typed_grid(ColumnType::Date,
+                           {"02/01/2026", "2025-12-31", "sin fecha", "01/02/2026", "2026-01-02 09:00"});
+    grid->Sort(1, true);
+    EXPECT_EQ(column_texts(*grid, 1),
+              QStringList({"sin fecha", "2025-12-31", "02/01/2026", "2026-01-02 09:00", "01/02/2026"}));
+}
+
+TEST(LynxGridSort, CustomColumnsAskTheOwner)
+{
+    // The owner sorts by text length.
+    auto grid = typed_grid(ColumnType::Custom, {"ccc", "a", "dddd", "bb", "eeeee", "f"});
+    int asked = 0;
+    grid->setCustomSortHandler(
+        [&](bool ascending, int col, const QString &v1, const QString &v2, bool &swap) {
+            EXPECT_EQ(col, 1);
+            ++asked;
+            swap = ascending ? v1.size() > v2.size() : v1.size() < v2.size();
+        });
+    grid->Sort(1, false);
+    const QStringList sorted = column_texts(*grid, 1);
+    EXPECT_EQ(sorted.mid(0, 4), QStringList({"eeeee", "dddd", "ccc", "bb"}));
+    EXPECT_GT(asked, 0);
+}
+
+TEST(LynxGridSort, MovesNoCellDataAndTheCurrentRowFollowsItsRecord)
+{
+    auto grid = typed_grid(ColumnType::Number, {"30", "10", "20"});
+    grid->setRowTag(0, "treinta");
+    grid->setRow(0);
+    QSignalSpy done(grid.get(), &LynxGrid::SortComplete);
+    grid->Sort(1, true);
+    EXPECT_EQ(column_texts(*grid, 0), QStringList({"1", "2", "0"}));
+    EXPECT_EQ(grid->Row(), 2);
+    EXPECT_EQ(grid->RowTag(2), "treinta");
+    EXPECT_TRUE(grid->RowSelected(2));
+    EXPECT_EQ(done.count(), 1);
+}
+
+TEST(LynxGridTotals, EmptyGridTotalsZero)
+{
+    auto grid = make_grid({"Cant.", "Importe"});
+    grid->setColSummed(1, true);
+    EXPECT_DOUBLE_EQ(grid->TotalsCol(1), 0.0);
+    EXPECT_DOUBLE_EQ(grid->TotalsCol(5), 0.0);
+}
+
+TEST(LynxGridTotals, SumsCommaAndPointDecimalsAndCountsEmptyAsZero)
+{
+    auto grid = make_grid({"Cant.", "Importe"}, {"1\t1,5", "2\t2.5", "3\t", "1\t10 (oferta)"});
+    grid->setColSummed(1, true);
+    EXPECT_DOUBLE_EQ(grid->TotalsCol(1), 14.0);
+    // The total follows the changes of the cells.
+    grid->setCellText(2, 1, "0,75");
+    EXPECT_DOUBLE_EQ(grid->TotalsCol(1), 14.75);
+    grid->RemoveItem(0);
+    EXPECT_DOUBLE_EQ(grid->TotalsCol(1), 13.25);
+    // Rows hidden by a filter don't count.
+    grid->FilterOn(0, "2");
+    EXPECT_DOUBLE_EQ(grid->TotalsCol(1), 2.5);
+    grid->FilterOff();
+    grid->Clear();
+    EXPECT_DOUBLE_EQ(grid->TotalsCol(1), 0.0);
+}
+
+TEST(LynxGridTotals, CaptionsAreKeptByIndex)
+{
+    auto grid = make_grid({"Cant.", "Artículo", "Precio", "Importe"});
+    grid->setTotalsLineShow(true);
+    grid->setTotalsLineCaption(3, "Total:");
+    grid->setTotalsLineCaption(0, "Cant. Art.:");
+    EXPECT_TRUE(grid->TotalsLineShow());
+    EXPECT_EQ(grid->TotalsLineCaption(3), "Total:");
+    EXPECT_EQ(grid->TotalsLineCaption(0), "Cant. Art.:");
+    EXPECT_EQ(grid->TotalsLineCaption(1), "");
+    EXPECT_EQ(grid->TotalsLineCaption(-1), "");
+}
