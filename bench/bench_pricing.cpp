@@ -1,11 +1,13 @@
 // Pricing a whole price list through the full chain: rules, formulas, dollar
 // conversion, units, IVA rates, the shop's rounding and the card price.
-// Goal: the 300 000 articles of a large list in under one second.
+// Goal: the 300 000 articles of the demo list in under one second.
 //
-// The list is made in memory with the shapes of a real one: a few dozen
-// suppliers with list, group and single-article rules (some cells empty),
-// articles in pesos and dollars at full and reduced rate, some sold by units.
+// The articles are those of the demo shop's list (pesos and dollars, full and
+// reduced rate, zero prices); the shop's rules are made up over its suppliers
+// and groups: a list row each, group rows, single-article rows, some cells
+// empty; one article in twenty is sold by units.
 #include "catalogue/formula.h"
+#include "catalogue/lista_demo.h"
 #include "catalogue/price_by_id.h"
 #include "catalogue/price_panel.h"
 #include "catalogue/price_settings.h"
@@ -14,6 +16,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QSet>
+
 #include <random>
 #include <vector>
 
@@ -21,63 +25,57 @@ namespace {
 
 using namespace vendrix;
 
-constexpr int kArticulos = 300000;
-constexpr int kProveedores = 40;
-constexpr int kGruposPorProveedor = 60;
-
 struct Lista {
     std::vector<ArticuloPrecio> articulos;
     std::vector<std::optional<double>> unidades;
     TablaReglas reglas;
 };
 
-QString proveedor(int p)
-{
-    return QStringLiteral("Proveedor %1").arg(p, 2, 10, QLatin1Char('0'));
-}
-
-QString grupo(int g)
-{
-    return QStringLiteral("Grupo %1").arg(g);
-}
-
 const Lista &lista()
 {
     static const Lista kLista = [] {
+        const ListasDemo demo = generar_listas_demo(kArticulosDemo, kSemillaDemo);
+        // The file holds the new lists and the former lists of the suppliers
+        // that sent none.
+        std::vector<const ListaProveedor *> listas;
+        QSet<QString> con_lista_nueva;
+        for (const ListaProveedor &l : demo.nuevas) {
+            listas.push_back(&l);
+            con_lista_nueva.insert(l.proveedor);
+        }
+        for (const ListaProveedor &l : demo.anterior.listas) {
+            if (!con_lista_nueva.contains(l.proveedor))
+                listas.push_back(&l);
+        }
+
         std::mt19937 rng(300000);
         auto azar = [&](int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng); };
         const char *descuentos[] = {"10+5", "20", "", "5-2", "12,5", "30+10+5"};
         const char *ganancias[] = {"30", "40+10", "25", "", "35,5", "50"};
+        auto formula = [&](const char *const(&opciones)[6]) { return QString::fromUtf8(opciones[azar(6)]); };
+        const QString kTodos = QStringLiteral("Todos los articulos del grupo");
 
-        std::vector<FilaRegla> filas;
-        for (int p = 0; p < kProveedores; ++p) {
-            filas.push_back({proveedor(p), QStringLiteral("General para la lista"),
-                             QStringLiteral("Todos los articulos del grupo"),
-                             QString::fromUtf8(descuentos[azar(6)]), QString::fromUtf8(ganancias[azar(6)])});
-            for (int g = 0; g < 12; ++g)
-                filas.push_back({proveedor(p), grupo(azar(kGruposPorProveedor)),
-                                 QStringLiteral("Todos los articulos del grupo"),
-                                 QString::fromUtf8(descuentos[azar(6)]),
-                                 QString::fromUtf8(ganancias[azar(6)])});
-        }
         Lista out;
-        out.articulos.reserve(kArticulos);
-        out.unidades.reserve(kArticulos);
-        static const char *kMonedas[] = {"1", "1", "1", "1", "1", "1", "1", "2", "2", "101", "101", "102"};
-        for (int i = 0; i < kArticulos; ++i) {
-            const int p = azar(kProveedores);
-            const QString codigo = QStringLiteral("C%1").arg(i);
-            const QString descripcion = QStringLiteral("Articulo de prueba %1").arg(i);
-            const QString g = grupo(azar(kGruposPorProveedor));
-            if (azar(200) == 0)
-                filas.push_back({proveedor(p), g, codigo + QStringLiteral(" - ") + descripcion,
-                                 QString::fromUtf8(descuentos[azar(6)]),
-                                 QString::fromUtf8(ganancias[azar(6)])});
-            const QString precio =
-                QStringLiteral("%1.%2").arg(1 + azar(250000)).arg(azar(100), 2, 10, QLatin1Char('0'));
-            out.articulos.push_back(
-                {i + 1, proveedor(p), g, codigo, descripcion, precio, QString::fromUtf8(kMonedas[azar(12)])});
-            out.unidades.push_back(azar(20) == 0 ? std::optional<double>(6 + azar(20)) : std::nullopt);
+        std::vector<FilaRegla> filas;
+        qint64 id = 0;
+        for (const ListaProveedor *l : listas) {
+            filas.push_back({l->proveedor, QStringLiteral("General para la lista"), kTodos,
+                             formula(descuentos), formula(ganancias)});
+            QSet<QString> grupos;
+            for (const ArticuloLista &a : l->articulos) {
+                if (!grupos.contains(a.grupo)) {
+                    grupos.insert(a.grupo);
+                    if (azar(4) == 0)
+                        filas.push_back(
+                            {l->proveedor, a.grupo, kTodos, formula(descuentos), formula(ganancias)});
+                }
+                if (!a.codigo.isEmpty() && azar(200) == 0)
+                    filas.push_back({l->proveedor, a.grupo, a.codigo + QStringLiteral(" - ") + a.descripcion,
+                                     formula(descuentos), formula(ganancias)});
+                out.articulos.push_back(
+                    {++id, l->proveedor, a.grupo, a.codigo, a.descripcion, a.precio, a.moneda});
+                out.unidades.push_back(azar(20) == 0 ? std::optional<double>(6 + azar(20)) : std::nullopt);
+            }
         }
         out.reglas = TablaReglas(std::move(filas));
         return out;
@@ -108,7 +106,7 @@ void BM_PanelDeTodaLaLista(benchmark::State &state)
         }
         benchmark::DoNotOptimize(mensajes);
     }
-    state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * kArticulos);
+    state.SetItemsProcessed(static_cast<int64_t>(state.iterations() * l.articulos.size()));
 }
 BENCHMARK(BM_PanelDeTodaLaLista)->Unit(benchmark::kMillisecond);
 
@@ -123,7 +121,7 @@ void BM_PrecioFinalDeTodaLaLista(benchmark::State &state)
             total += precio_final(art, l.reglas, a);
         benchmark::DoNotOptimize(total);
     }
-    state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * kArticulos);
+    state.SetItemsProcessed(static_cast<int64_t>(state.iterations() * l.articulos.size()));
 }
 BENCHMARK(BM_PrecioFinalDeTodaLaLista)->Unit(benchmark::kMillisecond);
 
