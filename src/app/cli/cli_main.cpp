@@ -24,6 +24,7 @@ const std::array kCommands{
             kOpcionesLista, cmd_construir_lista},
     Command{"demo", "Prepara en --carpeta un comercio de demostración para el primer inicio.", kOpcionesDemo,
             cmd_demo},
+    Command{"precio", "Muestra el panel de precio de un artículo de la lista: precio ID.", kFolder, cmd_precio},
 };
 
 int usage(QTextStream &err)
