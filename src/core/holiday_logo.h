@@ -18,9 +18,11 @@ enum IndiceLogo : int {
     kCantidadLogos = 6,
 };
 
-// A holiday image shows while the date lies less than this many days from
-// the holiday, before or after it.
-inline constexpr int kDiasLogoFestivo = 7;
+// A holiday image shows within the week of the holiday: while the date and
+// the holiday, both days counted, span less than seven days, before or after
+// it. So 19 September still shows the 21 September image, and 27 September is
+// back to the ordinary logo.
+inline constexpr int kDiasLogoFestivo = 6;
 
 // Easter Sunday of a year by the Gregorian computus. Years outside 1000 to
 // 9999 have no date.

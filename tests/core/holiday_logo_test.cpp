@@ -34,15 +34,23 @@ TEST(HolidayLogo, AHolidayShowsLessThanAWeekBeforeAndAfter)
     };
     const Caso casos[] = {
         {QDate(2026, 9, 19), kLogoPrimavera}, // two days before 21 September
-        {QDate(2026, 9, 27), kLogoPrimavera}, // six days after
-        {QDate(2026, 9, 28), kLogoNormal},    // seven days after
+        {QDate(2026, 9, 26), kLogoPrimavera}, // five days after
+        {QDate(2026, 9, 27), kLogoNormal},    // six days after: a week counting both days
         {QDate(2026, 9, 14), kLogoNormal},    // seven days before, eleven after 3 September
-        {QDate(2026, 9, 9), kLogoMaestro},    {QDate(2026, 9, 3), kLogoMaestro},
-        {QDate(2026, 4, 5), kLogoPascua},     {QDate(2026, 3, 30), kLogoPascua},
-        {QDate(2026, 3, 29), kLogoNormal},    {QDate(2038, 4, 30), kLogoPascua}, // the latest Easter
-        {QDate(2026, 5, 20), kLogoPatrio},    {QDate(2026, 7, 15), kLogoPatrio},
-        {QDate(2026, 12, 20), kLogoNavidad},  {QDate(2026, 12, 26), kLogoNavidad},
-        {QDate(2026, 12, 27), kLogoNormal},   {QDate(2026, 11, 23), kLogoNormal},
+        {QDate(2026, 9, 8), kLogoMaestro},
+        {QDate(2026, 9, 3), kLogoMaestro},
+        {QDate(2026, 9, 9), kLogoNormal},
+        {QDate(2026, 4, 5), kLogoPascua},
+        {QDate(2026, 3, 31), kLogoPascua},
+        {QDate(2026, 3, 30), kLogoNormal},
+        {QDate(2038, 4, 30), kLogoPascua}, // the latest Easter
+        {QDate(2026, 5, 20), kLogoPatrio},
+        {QDate(2026, 7, 14), kLogoPatrio},
+        {QDate(2026, 7, 15), kLogoNormal},
+        {QDate(2026, 12, 20), kLogoNavidad},
+        {QDate(2026, 12, 25), kLogoNavidad},
+        {QDate(2026, 12, 26), kLogoNormal},
+        {QDate(2026, 11, 23), kLogoNormal},
         {QDate(2027, 1, 1), kLogoNormal}, // 20 December of the year before doesn't count
     };
     for (const Caso &c : casos)

@@ -55,7 +55,7 @@ TEST(FrmMain, TheHolidayLogoReplacesTheOrdinaryOne)
         int logo;
     };
     for (const Caso &c :
-         {Caso{QDate(2026, 9, 19), 4}, Caso{QDate(2026, 9, 27), 4}, Caso{QDate(2026, 9, 28), 0},
+         {Caso{QDate(2026, 9, 19), 4}, Caso{QDate(2026, 9, 26), 4}, Caso{QDate(2026, 9, 27), 0},
           Caso{QDate(2026, 4, 2), 2}, Caso{QDate(2026, 12, 24), 1}}) {
         TestApp app;
         app.clock.set(QDateTime(c.today, QTime(10, 0)));
