@@ -53,7 +53,7 @@ AgregarArticulo::AgregarArticulo(Context &ctx, Carritos &carritos, int carrito_o
 void AgregarArticulo::cargar_dolar()
 {
     vista_.Label_Dolares = leyenda_dolares(cotizacion_para_dialogo(ctx_));
-    vista_.Text_pventa = redondear_precio(ctx_, valor_texto(vista_.Text_pventa) * 1);
+    vista_.Text_pventa = redondear_precio(ctx_, valor_texto(vista_.Text_pventa));
     vista_.Text_pventa_tag = vista_.Text_pventa;
 }
 
