@@ -10,7 +10,7 @@
 #include <QLineEdit>
 #include <QStyle>
 
-namespace vendrix::screens {
+namespace vendrix {
 
 namespace {
 
@@ -138,4 +138,4 @@ void ConfigPrecios::mostrar_redondeo(const EstadoRedondeo &estado)
     }
 }
 
-} // namespace vendrix::screens
+} // namespace vendrix

@@ -11,7 +11,7 @@ class Context;
 struct EstadoRedondeo;
 } // namespace vendrix
 
-namespace vendrix::screens {
+namespace vendrix {
 
 // The pricing settings of the configuration tab: `Text_IVA`, `Text_dolar`
 // and `Tex_tarjeta` write their keys at each change; leaving `Tex_tarjeta`
@@ -48,4 +48,4 @@ private:
     QLabel *icono_modo_;
 };
 
-} // namespace vendrix::screens
+} // namespace vendrix

@@ -14,7 +14,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace vendrix::screens {
+namespace vendrix {
 
 namespace {
 
@@ -208,4 +208,4 @@ void ConfigReglas::celda_editada(int row, int col, QString &valor, bool &cancel)
     editando_ = false;
 }
 
-} // namespace vendrix::screens
+} // namespace vendrix

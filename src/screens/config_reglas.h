@@ -14,7 +14,7 @@ class LynxGrid;
 }
 } // namespace vendrix
 
-namespace vendrix::screens {
+namespace vendrix {
 
 // The rules part of the configuration tab: the grid `DataGridViewProveedores`
 // of margins and discounts by supplier, group and article (formulas edited in
@@ -58,4 +58,4 @@ private:
     bool editando_ = false; // a cell's own edit is changing the rules
 };
 
-} // namespace vendrix::screens
+} // namespace vendrix

@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace vendrix::screens {
+namespace vendrix {
 
 std::optional<QString> pedir_comentario(QWidget *parent, const QString &articulo, const QString &actual)
 {
@@ -34,4 +34,4 @@ std::optional<QString> pedir_comentario(QWidget *parent, const QString &articulo
     return texto->toPlainText();
 }
 
-} // namespace vendrix::screens
+} // namespace vendrix

@@ -6,7 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
-namespace vendrix::screens {
+namespace vendrix {
 
 namespace {
 
@@ -55,4 +55,4 @@ void instalar_filtro_numero(QLineEdit *box, const QString &kind)
     new FiltroTeclas(box, kind, false);
 }
 
-} // namespace vendrix::screens
+} // namespace vendrix

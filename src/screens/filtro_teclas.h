@@ -4,7 +4,7 @@
 
 class QLineEdit;
 
-namespace vendrix::screens {
+namespace vendrix {
 
 // Key filters of the input boxes, through the program's own rules: each
 // printable key goes through `filtro_tecla_formula` (kind "ganancia",
@@ -14,4 +14,4 @@ namespace vendrix::screens {
 void instalar_filtro_formula(QLineEdit *box, const QString &kind);
 void instalar_filtro_numero(QLineEdit *box, const QString &kind);
 
-} // namespace vendrix::screens
+} // namespace vendrix

@@ -12,7 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace vendrix::screens {
+namespace vendrix {
 
 namespace {
 
@@ -263,4 +263,4 @@ void PanelArticulo::mostrar_figuras(const QLineEdit *escribiendo)
            color_de_moneda(detalle_.color, palette().color(QPalette::WindowText)));
 }
 
-} // namespace vendrix::screens
+} // namespace vendrix

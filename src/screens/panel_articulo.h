@@ -18,7 +18,7 @@ class Context;
 class ReglasTienda;
 } // namespace vendrix
 
-namespace vendrix::screens {
+namespace vendrix {
 
 // The article panel of the lists tab, beside `DataGridViewListas`: the
 // article's data and marks, the buttons for favourites, price control,
@@ -127,4 +127,4 @@ private:
 // dollars in green, the reduced rate in blue (pesos) or teal (dollars).
 QColor color_de_moneda(ColorMoneda moneda, const QColor &texto);
 
-} // namespace vendrix::screens
+} // namespace vendrix

@@ -13,7 +13,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace vendrix::screens {
+namespace vendrix {
 
 namespace {
 
@@ -238,4 +238,4 @@ QWidget *PanelArticulo::construir_precios()
     return grupo;
 }
 
-} // namespace vendrix::screens
+} // namespace vendrix

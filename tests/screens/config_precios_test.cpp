@@ -8,7 +8,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-namespace vendrix::screens {
+namespace vendrix {
 namespace {
 
 class ConfigPreciosTest : public test::TiendaConLista {
@@ -110,4 +110,4 @@ TEST_F(ConfigPreciosTest, RoundingCombosEnableEachOtherAndTheIconsShowRounding)
 }
 
 } // namespace
-} // namespace vendrix::screens
+} // namespace vendrix

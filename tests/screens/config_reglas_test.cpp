@@ -10,7 +10,7 @@
 #include <QTableView>
 #include <QTest>
 
-namespace vendrix::screens {
+namespace vendrix {
 namespace {
 
 using test::kDAngelo;
@@ -149,4 +149,4 @@ TEST_F(ConfigReglasTest, RulesStoredFromThePanelShowInTheGrid)
 }
 
 } // namespace
-} // namespace vendrix::screens
+} // namespace vendrix

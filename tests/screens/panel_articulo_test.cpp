@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 
-namespace vendrix::screens {
+namespace vendrix {
 namespace {
 
 class PanelArticuloTest : public test::TiendaConLista {
@@ -215,4 +215,4 @@ TEST_F(PanelArticuloTest, ChangedSettingsRefreshThePanelWhenItShowsAgain)
 }
 
 } // namespace
-} // namespace vendrix::screens
+} // namespace vendrix

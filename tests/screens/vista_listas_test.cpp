@@ -14,7 +14,7 @@
 #include <QLabel>
 #include <QPixmap>
 
-namespace vendrix::screens {
+namespace vendrix {
 namespace {
 
 class VistaListas : public test::TiendaConLista {
@@ -132,4 +132,4 @@ TEST_F(VistaListas, GridAndPanelSideBySideWithALargeSalePrice)
 }
 
 } // namespace
-} // namespace vendrix::screens
+} // namespace vendrix
