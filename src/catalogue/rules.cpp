@@ -62,19 +62,27 @@ QString TablaReglas::regla_ganancia(const QString &proveedor, const QString &gru
     return reglas(proveedor, grupo, codigo).ganancia;
 }
 
+QString orden_reglas(const QString &alias)
+{
+    const QString p = alias.isEmpty() ? QString() : alias + QLatin1Char('.');
+    return QStringLiteral(
+               "CASE WHEN %1Grupo = 'General para la lista' THEN '1' || %1Grupo "
+               "WHEN %1Grupo = '' THEN '2' ELSE '3' || COALESCE(%1Grupo, '') END COLLATE NOCASE, "
+               "CASE WHEN %1Articulo = 'Todos los articulos del grupo' THEN '           ' || %1Articulo "
+               "ELSE COALESCE(%1Articulo, '') END COLLATE NOCASE, %1rowid")
+        .arg(p);
+}
+
 std::optional<TablaReglas> leer_reglas_proveedor(Context &ctx, const QString &proveedor)
 {
     // The same order as the rules grid: level and group, then the article
     // with the "all articles" row first (its key starts with blanks); the
     // insertion order settles rows that are otherwise equal.
-    const auto cursor = ctx.db().execQ(
-        QStringLiteral("SELECT Proveedor, Grupo, Articulo, Descuento, Ganancia FROM vendrix_descuentos "
-                       "WHERE Proveedor = ? ORDER BY "
-                       "CASE WHEN Grupo = 'General para la lista' THEN '1' || Grupo "
-                       "WHEN Grupo = '' THEN '2' ELSE '3' || COALESCE(Grupo, '') END COLLATE NOCASE, "
-                       "CASE WHEN Articulo = 'Todos los articulos del grupo' THEN '           ' || Articulo "
-                       "ELSE COALESCE(Articulo, '') END COLLATE NOCASE, rowid"),
-        QStringLiteral("cliente"), {proveedor});
+    const auto cursor =
+        ctx.db().execQ(QStringLiteral("SELECT Proveedor, Grupo, Articulo, Descuento, Ganancia "
+                                      "FROM vendrix_descuentos WHERE Proveedor = ? ORDER BY ") +
+                           orden_reglas(QString()),
+                       QStringLiteral("cliente"), {proveedor});
     if (!cursor)
         return std::nullopt;
     std::vector<FilaRegla> filas;

@@ -58,6 +58,13 @@ private:
     QHash<QString, Indice> por_proveedor_;
 };
 
+// The ORDER BY terms (without the supplier) that put rule rows of
+// `vendrix_descuentos` in the grid's order: the list row first, then the
+// groups by name, within a group the "all articles" row before the single
+// articles (its key starts with eleven blanks), and rows otherwise equal in
+// the order they were added. `alias` qualifies the columns ("a" for "a.Grupo").
+QString orden_reglas(const QString &alias);
+
 // The rules of one supplier from `vendrix_descuentos`, in the order of the
 // rules grid: the list row first, then the groups by name, within a group the
 // "all articles" row before the single articles. nullopt when the database
