@@ -66,6 +66,16 @@ std::optional<ArticuloParaCarrito> leer_articulo_para_carrito(Context &ctx, qint
     return a;
 }
 
+bool codigo_unico_en_lista(Context &ctx, qint64 id)
+{
+    const QString cuenta = ctx.db().execQ1(
+        QStringLiteral(
+            "SELECT count(*) FROM xls_listas WHERE Proveedor || Codigo = (SELECT Proveedor || Codigo "
+            "FROM xls_listas WHERE ID = ?)"),
+        QStringLiteral("external"), {id});
+    return cuenta == QLatin1String("1");
+}
+
 QString cotizacion_para_dialogo(Context &ctx)
 {
     const QString cotizacion = ctx.leer_parametro(QStringLiteral("Valor_Dolar"));

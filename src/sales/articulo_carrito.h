@@ -69,6 +69,11 @@ QString descripcion_para_carrito(const Context &ctx, const QString &grupo, const
 std::optional<ArticuloParaCarrito> leer_articulo_para_carrito(Context &ctx, qint64 id, const QString &grupo,
                                                               const PanelPrecio &panel);
 
+// Whether article `id` is the only one of its supplier with its code, as the
+// units dialog needs (an empty code counts: it is shared by the supplier's
+// other articles without one). False when the database failed.
+bool codigo_unico_en_lista(Context &ctx, qint64 id);
+
 // The dollar rate the dialogs work with: setting `Valor_Dolar`; while it is
 // empty or "0" the operator is asked to set it and the rate counts as "1".
 QString cotizacion_para_dialogo(Context &ctx);

@@ -1,15 +1,24 @@
 #include "screens/frm_main.h"
 
+#include "catalogue/detalle_teclas.h"
 #include "core/context.h"
 #include "core/holiday_logo.h"
 #include "core/shutdown.h"
 #include "core/status_indicators.h"
+#include "screens/config_precios.h"
 #include "screens/frm_log.h"
+#include "screens/pagina_configuracion.h"
+#include "screens/pagina_listas.h"
+#include "screens/panel_articulo.h"
 #include "screens/screen_images.h"
+#include "screens/tab_changos.h"
+#include "widgets/lynx_grid.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -88,7 +97,8 @@ FrmMain::FrmMain(Context &ctx, QWidget *parent) : QMainWindow(parent), ctx_(ctx)
     setCentralWidget(central);
     crear_pestanas();
     crear_barra_de_estado();
-    resize(1100, 720);
+    resize(1280, 760);
+    qApp->installEventFilter(this);
 }
 
 FrmMain::~FrmMain()
@@ -100,11 +110,50 @@ FrmMain::~FrmMain()
 void FrmMain::crear_pestanas()
 {
     const QString later = QStringLiteral("Esta sección estará disponible en una próxima versión de Vendrix.");
-    for (const DatosPestana &datos : kPestanas) {
-        QWidget *page = pagina_de_texto(datos.texto ? QString::fromUtf8(datos.texto) : later);
+    for (int i = 0; i < kCantidadPestanas; ++i) {
+        const DatosPestana &datos = kPestanas[i];
+        QWidget *page = nullptr;
+        if (i == kTabListas) {
+            page = crear_pestana_listas();
+        } else if (i == kTabConfiguracion) {
+            configuracion_ = new screens::PaginaConfiguracion(ctx_, reglas_);
+            page = configuracion_;
+        } else {
+            page = pagina_de_texto(datos.texto ? QString::fromUtf8(datos.texto) : later);
+        }
         page->setObjectName(QString::fromLatin1(datos.objeto));
         tabs_->addTab(page, QString::fromUtf8(datos.titulo));
     }
+    connect(configuracion_->precios(), &ConfigPrecios::leyendaTarjetaCambiada, listas_->panel(),
+            &PanelArticulo::set_leyenda_tarjeta);
+    connect(configuracion_->check_carritos(), &QCheckBox::toggled, carritos_,
+            &screens::TabChangos::cambiar_cantidad_carritos);
+}
+
+// The lists tab: the cart strip, whose first tab is the price list page
+// with the search grid and the article panel side by side.
+QWidget *FrmMain::crear_pestana_listas()
+{
+    auto *grilla = new widgets::LynxGrid;
+    grilla->setObjectName(QStringLiteral("DataGridViewListas"));
+    grilla->setOperator(&ctx_.op());
+    for (const auto &[titulo, ancho] :
+         {std::pair{"ID", 0}, std::pair{"Proveedor", 2200}, std::pair{"Rubro", 1800},
+          std::pair{"Descripción", 5600}, std::pair{"Moneda", 1000}, std::pair{"Marca", 1600},
+          std::pair{"Precio", 1200}}) {
+        widgets::ColumnSpec spec{.heading = QString::fromUtf8(titulo), .width = ancho};
+        spec.visible = ancho > 0;
+        spec.locked = true;
+        grilla->AddColumn(spec);
+    }
+    listas_ = new screens::PaginaListas(ctx_, reglas_, grilla, grilla);
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    carritos_ = new screens::TabChangos(ctx_, listas_, page);
+    layout->addWidget(carritos_);
+    listas_->conectar_carritos(carritos_);
+    return page;
 }
 
 void FrmMain::crear_barra_de_estado()
@@ -157,12 +206,20 @@ void FrmMain::cargar()
 void FrmMain::cargar_pestanas()
 {
     const QString info = QStringLiteral("I");
-    for (const char *line :
-         {"TAB Disclaimer inicializado", "TAB Listas inicializado", "Carritos de Compra inicializados",
-          "TAB Novedades inicializado", "TAB Configuración inicializado", "TAB Proveedores inicializado",
-          "TAB Pedidos inicializado", "TAB Reprotes inicializado", "TAB Control Precios inicializado",
-          "TAB Cliente / Proveedores inicializado", "TAB Pagos inicializado"})
-        ctx_.escribir_log(QString::fromUtf8(line), info);
+    auto log = [&](const char *line) { ctx_.escribir_log(QString::fromUtf8(line), info); };
+    log("TAB Disclaimer inicializado");
+    log("TAB Listas inicializado");
+    carritos_->mostrar_nombres();
+    carritos_->aplicar_carritos();
+    log("Carritos de Compra inicializados");
+    log("TAB Novedades inicializado");
+    configuracion_->inicializar();
+    log("TAB Configuración inicializado");
+    configuracion_->llenar_reglas();
+    for (const char *line : {"TAB Proveedores inicializado", "TAB Pedidos inicializado",
+                             "TAB Reprotes inicializado", "TAB Control Precios inicializado",
+                             "TAB Cliente / Proveedores inicializado", "TAB Pagos inicializado"})
+        log(line);
     elegir_logo();
     ctx_.escribir_log(QStringLiteral("Se puso el logo de Vendrix correspondiente"), info);
     ctx_.escribir_log(QStringLiteral("Web Preview Inicializado"), info);
@@ -241,6 +298,8 @@ FrmLog *FrmMain::abrir_log()
 
 void FrmMain::closeEvent(QCloseEvent *event)
 {
+    // Formulas typed in the panel are offered for storing before leaving.
+    listas_->panel()->guardar_regla_pendiente();
     if (!confirmar_cierre(ctx_)) {
         event->ignore();
         return;
@@ -248,6 +307,38 @@ void FrmMain::closeEvent(QCloseEvent *event)
     if (log_window_)
         log_window_->close();
     event->accept();
+}
+
+bool FrmMain::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        auto *widget = qobject_cast<QWidget *>(watched);
+        if (widget && widget->window() == this && isEnabled() &&
+            tecla_de_ventana(static_cast<QKeyEvent *>(event)->key()))
+            return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+bool FrmMain::tecla_de_ventana(int key)
+{
+    if (carritos_->tecla_funcion(key)) {
+        tabs_->setCurrentIndex(kTabListas);
+        if (carritos_->currentIndex() == 0)
+            enfocar_busqueda();
+        return true;
+    }
+    if (!tecla_enfoca_busqueda(ctx_, key))
+        return false;
+    tabs_->setCurrentIndex(kTabListas);
+    carritos_->setCurrentIndex(0);
+    enfocar_busqueda();
+    return true;
+}
+
+void FrmMain::enfocar_busqueda()
+{
+    listas_->busqueda()->setFocus();
 }
 
 } // namespace vendrix

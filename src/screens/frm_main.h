@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/reglas_tienda.h"
 #include "core/operator.h"
 
 #include <QMainWindow>
@@ -14,6 +15,11 @@ namespace vendrix {
 
 class Context;
 class FrmLog;
+namespace screens {
+class PaginaConfiguracion;
+class PaginaListas;
+class TabChangos;
+} // namespace screens
 
 // The main window: the logo, one tab per area of the shop and the status bar
 // with its indicators. It is the status sink of the program once it exists,
@@ -58,20 +64,37 @@ public:
     FrmLog *abrir_log();
 
     QTabWidget *pestanas() const { return tabs_; }
+    // The lists tab: the cart strip, whose tab 0 is the price list page.
+    screens::TabChangos *carritos() const { return carritos_; }
+    screens::PaginaListas *pagina_listas() const { return listas_; }
+    screens::PaginaConfiguracion *pagina_configuracion() const { return configuracion_; }
     // The picture a status bar panel (1 to 5) shows, as an image list index;
     // 0 when none.
     int imagen_panel(int panel) const;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    // The window previews its keys: the function keys choose a cart or the
+    // price list, and the search keys focus the search box, wherever the
+    // focus is in the window.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void crear_pestanas();
+    QWidget *crear_pestana_listas();
+    bool tecla_de_ventana(int key);
+    void enfocar_busqueda();
     void crear_barra_de_estado();
     void cargar_pestanas();
 
     Context &ctx_;
+    // The shop's margin and discount rules: the rules grid edits them, the
+    // article panel prices with them.
+    ReglasTienda reglas_;
     QTabWidget *tabs_;
+    screens::PaginaListas *listas_ = nullptr;
+    screens::TabChangos *carritos_ = nullptr;
+    screens::PaginaConfiguracion *configuracion_ = nullptr;
     std::array<QLabel *, 6> logos_{};
     std::array<QLabel *, 5> panels_{};
     QPointer<FrmLog> log_window_;

@@ -1,0 +1,49 @@
+#include "screens/pagina_configuracion.h"
+
+#include "catalogue/reglas_sin_uso.h"
+#include "core/context.h"
+#include "sales/carritos.h"
+#include "screens/config_precios.h"
+#include "screens/config_reglas.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace vendrix::screens {
+
+PaginaConfiguracion::PaginaConfiguracion(Context &ctx, ReglasTienda &reglas, QWidget *parent)
+    : QWidget(parent), ctx_(ctx), reglas_(new ConfigReglas(ctx, reglas)), precios_(new ConfigPrecios(ctx)),
+      carritos_(new QCheckBox(QStringLiteral("Usar cuatro &carritos de compra")))
+{
+    carritos_->setObjectName(QStringLiteral("Check_carritos"));
+
+    auto *grupo_reglas = new QGroupBox(QStringLiteral("Descuentos y ganancias por proveedor"), this);
+    (new QVBoxLayout(grupo_reglas))->addWidget(reglas_);
+    auto *grupo_precios = new QGroupBox(QStringLiteral("Precios"), this);
+    auto *v = new QVBoxLayout(grupo_precios);
+    v->addWidget(precios_);
+    v->addWidget(carritos_);
+    v->addStretch(1);
+
+    auto *layout = new QHBoxLayout(this);
+    layout->addWidget(grupo_reglas, 3);
+    layout->addWidget(grupo_precios, 1);
+}
+
+void PaginaConfiguracion::inicializar()
+{
+    precios_->inicializar();
+    reglas_->set_bloqueada(!ctx_.leer_parametro(QStringLiteral("admin_block")).isEmpty());
+    const QSignalBlocker bloqueo(carritos_);
+    carritos_->setChecked(cuatro_carritos(ctx_));
+}
+
+void PaginaConfiguracion::llenar_reglas()
+{
+    reglas_->inicializar();
+    advertir_reglas_sin_uso(ctx_);
+}
+
+} // namespace vendrix::screens

@@ -1,0 +1,155 @@
+// The main window put together on a small shop: the load in its order, a
+// list row into the article panel, the panel's article into cart 2 through
+// the add-article dialog, the function keys and the one-cart layout.
+#include "sales/tienda.h"
+#include "screens/carrito_tab.h"
+#include "screens/frm_agregar_articulo.h"
+#include "screens/frm_main.h"
+#include "screens/pagina_configuracion.h"
+#include "screens/pagina_listas.h"
+#include "screens/panel_articulo.h"
+#include "screens/tab_changos.h"
+#include "widgets/lynx_grid.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+namespace vendrix::screens {
+namespace {
+
+class MainConLista : public test::Tienda {
+protected:
+    void SetUp() override
+    {
+        Tienda::SetUp();
+        ajuste("carritos", "1");
+        ajuste("nombre_carrito_2", "Mostrador");
+        // The panel prices with the shop's rules, read before any article.
+        test::ejecutar_en_archivo(app.ruta(QStringLiteral("Vendrix.vdrxdb")),
+                                  {QStringLiteral("INSERT INTO xls_proveedores (Proveedor) VALUES ('Acme')")});
+        regla("Acme", "0", "50");
+        window = std::make_unique<FrmMain>(app.ctx());
+        window->cargar();
+        window->show();
+    }
+
+    widgets::LynxGrid &lista() { return *window->pagina_listas()->grilla(); }
+
+    // The rows a search for "tornillo" shows.
+    void mostrar_tornillos()
+    {
+        lista().Clear();
+        lista().AddItem(QStringLiteral("1\tAcme\tTornillos\tTornillo 1/4\tPesos\t\t600,00"));
+        lista().AddItem(QStringLiteral("2\tAcme\tTornillos\tTornillo 3/8\tPesos\t\t1000,00"));
+        lista().AddItem(QStringLiteral("...VENDRIX...\t...VENDRIX...\t...\tVer más\t...\t...\t..."));
+    }
+
+    QPushButton *boton(const char *nombre)
+    {
+        auto *b = window->findChild<QPushButton *>(QString::fromUtf8(nombre));
+        EXPECT_NE(b, nullptr) << nombre;
+        return b;
+    }
+
+    std::unique_ptr<FrmMain> window;
+};
+
+TEST_F(MainConLista, LoadsInOrderAndFillsTheRulesBeforeAnyArticle)
+{
+    EXPECT_EQ(app.log_messages(),
+              (QStringList{"INICIO - Load form FrmMain.", "TAB Disclaimer inicializado.",
+                           "TAB Listas inicializado.", "Carritos de Compra inicializados.",
+                           "TAB Novedades inicializado.", "TAB Configuración inicializado.",
+                           "TAB Proveedores inicializado.", "TAB Pedidos inicializado.",
+                           "TAB Reprotes inicializado.", "TAB Control Precios inicializado.",
+                           "TAB Cliente / Proveedores inicializado.", "TAB Pagos inicializado.",
+                           "Se puso el logo de Vendrix correspondiente.", "Web Preview Inicializado.",
+                           "Impresora Fiscal inicializada.", "FIN - Load form FrmMain."}));
+    // Nothing went wrong on the way.
+    EXPECT_EQ(app.op.lines(), QStringList());
+    EXPECT_TRUE(window->pagina_configuracion()->check_carritos()->isChecked());
+    EXPECT_EQ(boton("Command_add_carrito2")->text(), "Agregar a Mostrador");
+    EXPECT_EQ(boton("Command_add_carrito1")->text(), "Agregar a Carrito 1");
+}
+
+TEST_F(MainConLista, ARowShowsItsPriceAndGoesToCartTwoThroughTheDialog)
+{
+    mostrar_tornillos();
+    lista().setRow(1);
+    PanelArticulo &panel = *window->pagina_listas()->panel();
+    EXPECT_EQ(panel.detalle().id, 2);
+    EXPECT_EQ(panel.findChild<QLabel *>(QStringLiteral("lPrecioSolo"))->text(), "$ 1500,00");
+    // The marker row loads nothing.
+    lista().setRow(2);
+    EXPECT_EQ(panel.detalle().id, 2);
+
+    lista().setRow(0);
+    EXPECT_EQ(panel.findChild<QLabel *>(QStringLiteral("lPrecioSolo"))->text(), "$ 900,00");
+    QTimer::singleShot(0, [] {
+        auto *dialogo = qobject_cast<FrmAgregarArticulo *>(QApplication::activeModalWidget());
+        ASSERT_NE(dialogo, nullptr);
+        auto *cantidad = dialogo->findChild<QLineEdit *>(QStringLiteral("cant_agregar"));
+        cantidad->selectAll();
+        QTest::keyClicks(cantidad, QStringLiteral("3"));
+        dialogo->findChild<QPushButton *>(QStringLiteral("Command1"))->click();
+    });
+    boton("Command_add_carrito2")->click();
+
+    TabChangos &tabs = *window->carritos();
+    EXPECT_EQ(tabs.currentIndex(), 2);
+    const widgets::LynxGrid &carrito = *tabs.pagina(2)->grilla();
+    ASSERT_EQ(carrito.Rows(), 1);
+    EXPECT_EQ(carrito.CellText(0, 0), "3");
+    EXPECT_EQ(carrito.CellText(0, 1), "Tornillo 1/4");
+    EXPECT_EQ(tabs.pagina(2)->caja_total()->text(), "2700,00");
+    EXPECT_EQ(tabs.pagina(1)->caja_total()->text(), "");
+
+    // A double click adds one more at the panel's figures to the cart
+    // last shown; the list stays in front.
+    tabs.setCurrentIndex(0);
+    lista().setRow(1);
+    Q_EMIT lista().DblClick();
+    ASSERT_EQ(carrito.Rows(), 2);
+    EXPECT_EQ(carrito.CellText(1, 1), "Tornillo 3/8");
+    EXPECT_EQ(tabs.pagina(2)->caja_total()->text(), "4200,00");
+    EXPECT_EQ(tabs.currentIndex(), 0);
+}
+
+TEST_F(MainConLista, FunctionKeysChooseTheCartsAndOneCartHidesTheRest)
+{
+    TabChangos &tabs = *window->carritos();
+    QTest::keyClick(window.get(), Qt::Key_F3);
+    EXPECT_EQ(tabs.currentIndex(), 3);
+    QTest::keyClick(window.get(), Qt::Key_F5);
+    EXPECT_EQ(tabs.currentIndex(), 0);
+    // Wherever the focus is in the window.
+    window->pestanas()->setCurrentIndex(FrmMain::kTabConfiguracion);
+    window->pagina_configuracion()->check_carritos()->setFocus();
+    QTest::keyClick(window->pagina_configuracion()->check_carritos(), Qt::Key_F1);
+    EXPECT_EQ(window->pestanas()->currentIndex(), FrmMain::kTabListas);
+    EXPECT_EQ(tabs.currentIndex(), 1);
+
+    window->pagina_configuracion()->check_carritos()->setChecked(false);
+    EXPECT_EQ(app.ctx().leer_parametro(QStringLiteral("carritos")), "0");
+    tabs.setCurrentIndex(0);
+    QTest::keyClick(window.get(), Qt::Key_F2);
+    EXPECT_EQ(tabs.currentIndex(), 0);
+    for (int n = 2; n <= 4; ++n)
+        EXPECT_FALSE(tabs.isTabVisible(n)) << n;
+    EXPECT_TRUE(boton("Command_add_carrito1")->isHidden());
+    EXPECT_FALSE(boton("Command_add_carritoUnico")->isHidden());
+    EXPECT_EQ(boton("Command_add_carritoUnico")->text(), "Agregar a Carrito 1");
+    // A double click adds nothing with one cart.
+    mostrar_tornillos();
+    lista().setRow(0);
+    Q_EMIT lista().DblClick();
+    EXPECT_EQ(tabs.pagina(1)->grilla()->Rows(), 0);
+}
+
+} // namespace
+} // namespace vendrix::screens
