@@ -14,9 +14,11 @@
 // or, in the comment branch, when one of its comments holds the text.
 //
 // The index `xls_busqueda` serves the condition: each term's runs of three
-// or more plain characters are asked of it (shorter runs can't be, the
-// trigram index ignores them), and every article it gives is tested with
-// `PatronLike` on its folded text, which decides. Articles with a comment
+// or more plain characters are asked of it as phrases; a term with none
+// asks for its runs of two characters as the trigrams of the index that
+// start with them (the text ends with a blank, so each pair in it starts a
+// trigram); a run of one character can't narrow anything. Every article the
+// index gives is tested with `PatronLike` on its folded text, which decides. Articles with a comment
 // are tested as well when the comment takes part, since the index doesn't
 // hold comments. A condition with no run long enough, or a file without the
 // index, is served by reading the list in order of ID, which stops as soon
@@ -27,6 +29,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -66,7 +69,12 @@ struct ResultadoConsulta {
 // under `clientes`). On failure `ok` is false and `error` tells why.
 ResultadoConsulta ejecutar_consulta(sqlite3 *db, const ConsultaBusqueda &consulta);
 
-// The index query for a condition ("" when no term has a run long enough).
-QString expresion_indice(const CondicionBusqueda &condicion);
+// The trigrams of the index that start with a pair of characters; too many
+// to be worth it gives nothing (std::nullopt).
+using TrigramasDe = std::function<std::optional<QStringList>(const QString &par)>;
+
+// The index query for a condition ("" when no term can be narrowed). Without
+// `trigramas`, pairs narrow nothing.
+QString expresion_indice(const CondicionBusqueda &condicion, const TrigramasDe &trigramas = {});
 
 } // namespace vendrix

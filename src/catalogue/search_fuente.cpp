@@ -3,9 +3,14 @@
 #include "catalogue/lista_formato.h"
 #include "catalogue/search_index.h"
 
+#include <sqlite3.h>
+
 namespace vendrix {
 
 namespace {
+
+// More trigrams than this for one pair, and the pair isn't asked of the index.
+constexpr int kTopeTrigramas = 400;
 
 constexpr const char *kCampos = "ID, Proveedor, Grupo, Observaciones, Descripcion, Marca, Codigo";
 
@@ -42,6 +47,31 @@ QString FuenteTextos::texto(qint64 id)
         text = indice_ ? uno_->columna(1) : texto_de_fila(*uno_);
     uno_->reiniciar();
     return text;
+}
+
+// The index's own list of its trigrams, in order: those of a pair are one
+// range of it.
+std::optional<QStringList> FuenteTextos::trigramas(const QString &par)
+{
+    if (!vocabulario_) {
+        sqlite3_exec(db_,
+                     "CREATE VIRTUAL TABLE IF NOT EXISTS temp.xls_busqueda_trigramas USING "
+                     "fts5vocab(main, xls_busqueda, row)",
+                     nullptr, nullptr, nullptr);
+        vocabulario_ = std::make_unique<SentenciaSqlite>(
+            db_, "SELECT term FROM temp.xls_busqueda_trigramas WHERE term >= ? AND term <= ?");
+    }
+    vocabulario_->texto(1, par);
+    vocabulario_->texto(2, par + QString::fromUcs4(U"\U0010FFFF"));
+    QStringList trigrams;
+    while (vocabulario_->fila() && trigrams.size() <= kTopeTrigramas) {
+        const QString term = vocabulario_->columna(0);
+        if (term.startsWith(par))
+            trigrams << term;
+    }
+    const bool usable = !vocabulario_->fallo() && trigrams.size() <= kTopeTrigramas;
+    vocabulario_->reiniciar();
+    return usable ? std::optional(trigrams) : std::nullopt;
 }
 
 bool FuenteTextos::abrir(const QString &expresion)

@@ -7,8 +7,10 @@
 #include "catalogue/lista_sqlite.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
+#include <optional>
 
 struct sqlite3;
 
@@ -21,6 +23,10 @@ public:
     bool con_indice() const { return indice_; }
     // The folded text of one article; "" when there is no such article.
     QString texto(qint64 id);
+
+    // The trigrams of the index that start with a pair of characters;
+    // nothing when there are too many to be worth asking for, or on failure.
+    std::optional<QStringList> trigramas(const QString &par);
 
     // Walks articles in order of ID: those the index gives for `expresion`,
     // or every article when it is empty. `siguiente` moves to the next one.
@@ -37,6 +43,7 @@ private:
     bool indice_ = false;
     std::unique_ptr<SentenciaSqlite> uno_;
     std::unique_ptr<SentenciaSqlite> recorrido_;
+    std::unique_ptr<SentenciaSqlite> vocabulario_;
 };
 
 } // namespace vendrix

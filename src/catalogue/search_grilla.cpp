@@ -17,6 +17,19 @@ FilaGrilla todas_las_columnas(const Cursor &row)
 
 } // namespace
 
+ColorFila color_de_fila(const MarcasFila &marcas)
+{
+    if (marcas.pedido_pendiente == 1)
+        return ColorFila::pedido_pendiente;
+    if (marcas.pedido == 1)
+        return ColorFila::pedido;
+    if (marcas.centinela == 1)
+        return ColorFila::centinela;
+    if (marcas.testigo == 1)
+        return ColorFila::testigo;
+    return ColorFila::ninguno;
+}
+
 void avisar_error_grilla(Context &ctx, const QString &palabra, const QString &mensaje, const QString &error,
                          const char *rutina)
 {

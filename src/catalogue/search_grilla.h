@@ -25,6 +25,14 @@ struct FilaGrilla {
     bool operator==(const FilaGrilla &) const = default;
 };
 
+// The colour a row of the price list takes from its marks: a sentinel, a
+// witness, a pending order or a placed order colours the row when its count
+// is 1 (the count is what the list's query gave; a row with two orders of
+// the same article keeps its plain colour, as it always did). With several
+// marks, orders come before price control.
+enum class ColorFila { ninguno, centinela, testigo, pedido_pendiente, pedido };
+ColorFila color_de_fila(const MarcasFila &marcas);
+
 // Where a filler puts rows.
 class GrillaSink {
 public:

@@ -89,8 +89,8 @@ bool asegurar(sqlite3 *db)
     // An index of an older format holds text folded another way.
     if (version_archivo(db) < kFormatoLista && !ejecutar(db, "DROP TABLE IF EXISTS xls_busqueda"))
         return false;
-    if (!ejecutar(db,
-                  "CREATE VIRTUAL TABLE IF NOT EXISTS xls_busqueda USING fts5(texto, tokenize='trigram')") ||
+    if (!ejecutar(db, "CREATE VIRTUAL TABLE IF NOT EXISTS xls_busqueda USING fts5(texto, tokenize='trigram "
+                      "case_sensitive 1')") ||
         !ejecutar(db,
                   "CREATE INDEX IF NOT EXISTS xls_listas_proveedor_codigo ON xls_listas (Proveedor, Codigo)"))
         return false;

@@ -4,7 +4,9 @@
 // with the trigram tokenizer, one row per article of `xls_listas` (same
 // rowid as the article's `ID`), whose one column `texto` is the article's
 // searchable text folded by `plegar_texto`. A search folds its terms the same
-// way and asks the index for the rows whose text holds every term.
+// way and asks the index for the rows whose text holds every term. The text
+// is folded by our code only (the tokenizer keeps case), so the trigrams of
+// the index are exactly those of the folded text.
 
 #include <QString>
 

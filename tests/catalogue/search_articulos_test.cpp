@@ -1,6 +1,9 @@
+#include "catalogue/search_arranque.h"
 #include "catalogue/search_articulos.h"
 #include "lista_test_util.h"
 #include "search_fixture.h"
+
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -330,6 +333,48 @@ TEST_F(BuscarArticulosTest, GenericFillerAndItsFailure)
                     "intente nuevamente."),
                   u("ER GR001 - 1 no such column: nada 0 llenar_grilla."));
     EXPECT_TRUE(grilla.filas.empty());
+}
+
+TEST_F(BuscarArticulosTest, StartUpAddsAMissingIndexOnce)
+{
+    f.en_precios({QStringLiteral("DROP TABLE xls_busqueda")});
+    EXPECT_TRUE(preparar_indice_busqueda(f.ctx()));
+    EXPECT_TRUE(preparar_indice_busqueda(f.ctx())); // nothing left to do
+    EXPECT_EQ(log("Listas - "),
+              (QStringList{u("Listas - la base de precios no tiene el índice de búsqueda al día: se crea."),
+                           u("Listas - se creó el índice de búsqueda de la base de precios.")}));
+    EXPECT_EQ(valor(f.app.ruta(QLatin1String(Database::kPriceFile)), "SELECT count(*) FROM xls_busqueda"),
+              QStringLiteral("19"));
+    EXPECT_EQ(buscar_ids("pava"), QStringList{"19"});
+    // The price connection is read-only again.
+    EXPECT_FALSE(f.app.db().execNQ(QStringLiteral("DELETE FROM xls_listas"), QStringLiteral("external")));
+}
+
+TEST_F(BuscarArticulosTest, StartUpToldWhenTheIndexCantBeMade)
+{
+    f.en_precios(
+        {QStringLiteral("DROP TABLE xls_busqueda"), QStringLiteral("ALTER TABLE xls_listas RENAME TO otra")});
+    EXPECT_FALSE(preparar_indice_busqueda(f.ctx()));
+    const QStringList errors = log("ER IDX01 - ");
+    ASSERT_EQ(errors.size(), 1);
+    EXPECT_TRUE(
+        errors[0].startsWith(u("ER IDX01 - No se pudo crear el índice de búsqueda de la base de precios: ")));
+    EXPECT_TRUE(errors[0].endsWith(u(" preparar_indice_busqueda.")));
+    QFile::remove(f.app.ruta(QLatin1String(Database::kPriceFile)));
+    f.app.db().cerrar();
+    EXPECT_FALSE(preparar_indice_busqueda(f.ctx())); // no price file: the start-up tells that itself
+    EXPECT_EQ(log("ER IDX01 - ").size(), 1);
+}
+
+TEST(ColorFila, OnlyACountOfOneColoursAndOrdersComeFirst)
+{
+    EXPECT_EQ(color_de_fila({}), ColorFila::ninguno);
+    EXPECT_EQ(color_de_fila({true, 0, 0, 0, 0}), ColorFila::ninguno);
+    EXPECT_EQ(color_de_fila({false, 1, 1, 0, 0}), ColorFila::centinela);
+    EXPECT_EQ(color_de_fila({false, 0, 1, 0, 0}), ColorFila::testigo);
+    EXPECT_EQ(color_de_fila({false, 1, 1, 1, 1}), ColorFila::pedido_pendiente);
+    EXPECT_EQ(color_de_fila({false, 1, 0, 2, 1}), ColorFila::pedido);
+    EXPECT_EQ(color_de_fila({false, 2, 2, 2, 2}), ColorFila::ninguno);
 }
 
 } // namespace

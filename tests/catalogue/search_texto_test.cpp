@@ -163,5 +163,29 @@ TEST(ExpresionIndice, OnlyRunsOfThreeCharactersOrMore)
     EXPECT_EQ(expr("sy perno", true), u("((\"PERNO\"))"));
 }
 
+TEST(ExpresionIndice, PairsAskForTheTrigramsThatStartWithThem)
+{
+    QStringList asked;
+    const TrigramasDe trigrams = [&asked](const QString &pair) -> std::optional<QStringList> {
+        asked << pair;
+        if (pair == QLatin1String("M8"))
+            return QStringList{"M8 ", "M8X"};
+        if (pair == QLatin1String("QQ"))
+            return QStringList{};
+        return std::nullopt; // too many
+    };
+    const auto expr = [&trigrams](const char *text) {
+        return expresion_indice(filtro_terminos(u(text)), trigrams);
+    };
+    EXPECT_EQ(expr("m8"), u("(((\"M8 \" OR \"M8X\")))"));
+    EXPECT_EQ(expr("m8 perno"), u("(((\"M8 \" OR \"M8X\"))) AND ((\"PERNO\"))"));
+    // A pair the index never saw: no article can match.
+    EXPECT_EQ(expr("qq"), u("(((\"QQQQ\" NOT \"QQQQ\")))"));
+    EXPECT_EQ(expr("de"), QString());
+    // Pairs are asked only when the pattern has no longer run, and never single characters.
+    EXPECT_EQ(expr("m8_tornillo x"), u("((\"TORNILLO\"))"));
+    EXPECT_EQ(asked, (QStringList{"M8", "M8", "QQ", "DE"}));
+}
+
 } // namespace
 } // namespace vendrix
