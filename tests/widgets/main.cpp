@@ -1,14 +1,7 @@
 // Widget tests need one QApplication for the whole run, made before any test.
-#include <QApplication>
-
-#include <gtest/gtest.h>
+#include "support/widget_test_main.h"
 
 int main(int argc, char **argv)
 {
-    // Test discovery runs this program too, outside ctest's environment.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    return vendrix::test::ejecutar_pruebas_con_ventanas(argc, argv);
 }
