@@ -1,12 +1,13 @@
 # Two commands set up a fresh Debian 12 machine:
 #   make run   installs the packages, builds and starts Vendrix on a demo shop
 #   make test  installs the packages, builds with sanitizers and runs every test
-.PHONY: all deps build run test bench clean
+.PHONY: all deps build run install test bench clean
 
 BUILD      ?= build
 TEST_BUILD ?= build-test
 DEMO       ?= $(BUILD)/demo
 JOBS       ?= $(shell nproc)
+PREFIX     ?= /usr/local
 
 all: build
 
@@ -17,11 +18,25 @@ build: deps
 	cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVENDRIX_TESTS=OFF
 	cmake --build $(BUILD) -j $(JOBS)
 
+# The demo shop is made once, on the first run; later runs keep its data.
+# Without a screen, the program runs on a virtual one (Xvfb).
 run: build
-	@if [ ! -f $(DEMO)/Config.vdrx ] && [ ! -f $(DEMO)/Vendrix.install ]; then \
-	  $(BUILD)/src/app/vendrix-cli demo --carpeta $(DEMO); \
+	@if [ ! -f $(DEMO)/Vendrix.install ] && [ ! -f $(DEMO)/Vendrix.vdrxdb ]; then \
+	  $(BUILD)/src/app/vendrix-cli demo --carpeta $(DEMO) --articulos 300000; \
 	fi
-	$(BUILD)/src/app/vendrix-cli verificar --carpeta $(DEMO)
+	@if [ -z "$$DISPLAY$$WAYLAND_DISPLAY" ]; then \
+	  echo "No hay pantalla: Vendrix se abre en una pantalla virtual (Xvfb)."; \
+	  xvfb-run -a -s "-screen 0 1280x800x24" $(BUILD)/src/app/vendrix --carpeta $(DEMO); \
+	else \
+	  $(BUILD)/src/app/vendrix --carpeta $(DEMO); \
+	fi
+
+# Installs the program, its seeds, the desktop entry and the .vdrxdb type.
+# The prefix is set at configure time: the desktop entry names the program's path.
+install: build
+	cmake -S . -B $(BUILD) -DCMAKE_INSTALL_PREFIX=$(PREFIX)
+	cmake --build $(BUILD) -j $(JOBS)
+	cmake --install $(BUILD)
 
 test: deps
 	cmake -S . -B $(TEST_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DVENDRIX_SANITIZE=ON -DVENDRIX_BENCH=OFF

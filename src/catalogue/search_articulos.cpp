@@ -1,7 +1,7 @@
 #include "catalogue/search_articulos.h"
 
-#include "catalogue/search_precio.h"
 #include "core/context.h"
+#include "core/numeric.h"
 
 #include <QElapsedTimer>
 
@@ -52,7 +52,7 @@ QStringList columnas_listas()
 FilaGrilla fila_articulo(const ArticuloEncontrado &a)
 {
     return {{QString::number(a.id), a.proveedor, a.grupo, a.descripcion, a.moneda, a.marca,
-             precio_grilla(a.precio)},
+             texto_numero(redondear(valor_texto(a.precio), 2))},
             a.marcas,
             false};
 }

@@ -27,7 +27,8 @@ inline constexpr const char *kMarcaVendrix = "...VENDRIX...";
 // The headings of `DataGridViewListas`, in order; "ID" is hidden.
 QStringList columnas_listas();
 // The row of an article: ID, supplier, group, description, currency text,
-// brand and the price rounded to two decimals.
+// brand and the price as `Round(value, 2)` gave it (half to even, the
+// screen's decimal comma).
 FilaGrilla fila_articulo(const ArticuloEncontrado &articulo);
 // The "more results" row: "...VENDRIX..." in ID and supplier, "..." in the
 // other cells but the description, which invites to see more.

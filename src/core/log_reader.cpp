@@ -2,11 +2,10 @@
 
 #include "core/log.h"
 #include "core/operator.h"
+#include "core/text_helpers.h"
 
 #include <QFile>
 #include <QFileInfo>
-
-#include <cmath>
 
 namespace vendrix {
 
@@ -44,30 +43,11 @@ const Nivel *nivel_de(const QString &line, qsizetype &at)
     return found;
 }
 
-// Two decimals rounded half up, with the Argentine decimal comma.
-QString dos_decimales(double value)
-{
-    const double rounded = std::floor(value * 100.0 + 0.5) / 100.0;
-    return QString::number(rounded, 'f', 2).replace(QLatin1Char('.'), QLatin1Char(','));
-}
-
 } // namespace
 
 QString texto_tamano_log(qint64 bytes)
 {
-    constexpr qint64 kKb = 1024;
-    constexpr qint64 kMb = kKb * 1024;
-    constexpr qint64 kGb = kMb * 1024;
-    const double value = static_cast<double>(bytes);
-    if (bytes >= kGb)
-        return dos_decimales(value / kGb) + QLatin1String(" GB");
-    if (bytes >= kMb)
-        return dos_decimales(value / kMb) + QLatin1String(" MB");
-    if (bytes >= kKb)
-        return dos_decimales(value / kKb) + QLatin1String(" KB");
-    if (bytes <= 0)
-        return QStringLiteral("0 Bytes");
-    return QString::number(bytes) + QLatin1String(" Bytes");
+    return tamano_archivo_texto(bytes);
 }
 
 QString titulo_marco_log(const QString &log_path)

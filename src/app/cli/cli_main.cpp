@@ -25,6 +25,7 @@ const std::array kCommands{
             kOpcionesLista, cmd_construir_lista},
     Command{"demo", "Prepara en --carpeta un comercio de demostración para el primer inicio.", kOpcionesDemo,
             cmd_demo},
+    Command{"precio", "Muestra el panel de precio de un artículo de la lista: precio ID.", kFolder, cmd_precio},
     Command{"buscar", "Muestra las filas que la grilla de listas daría para un texto de búsqueda.", kFolder,
             cmd_buscar},
 };

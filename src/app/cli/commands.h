@@ -17,6 +17,7 @@ struct Command {
 int cmd_verificar(const CliArgs &args);
 int cmd_construir_lista(const CliArgs &args);
 int cmd_demo(const CliArgs &args);
+int cmd_precio(const CliArgs &args);
 int cmd_buscar(const CliArgs &args);
 
 } // namespace vendrix::cli

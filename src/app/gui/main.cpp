@@ -1,0 +1,66 @@
+// vendrix: the desktop program. `vendrix [--carpeta DIR] [archivo.vdrxdb]`
+// runs the start-up behind the splash screen and then opens the main window
+// on the application folder, the executable's own unless --carpeta names
+// another. A `.vdrxdb` file (a double-clicked price list) is imported first.
+#include "core/context.h"
+#include "core/single_instance.h"
+#include "core/startup.h"
+#include "core/status_relay.h"
+#include "screens/frm_main.h"
+#include "screens/frm_splash.h"
+#include "screens/qt_operator.h"
+
+#include "vendrix_version.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+using namespace vendrix;
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Vendrix"));
+    QApplication::setApplicationVersion(QStringLiteral(VENDRIX_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("vendrix"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Vendrix - listas de precios, ventas y facturación"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption folder_option(
+        QStringLiteral("carpeta"), QStringLiteral("Carpeta de la aplicación (por omisión, la del programa)."),
+        QStringLiteral("DIR"));
+    parser.addOption(folder_option);
+    parser.addPositionalArgument(QStringLiteral("archivo"),
+                                 QStringLiteral("Lista de precios .vdrxdb a importar."),
+                                 QStringLiteral("[archivo]"));
+    parser.process(app);
+    const QString folder =
+        parser.isSet(folder_option) ? parser.value(folder_option) : QCoreApplication::applicationDirPath();
+
+    QtOperator op;
+    StatusRelay status;
+    SystemClock clock;
+    Context ctx(folder, op, status, clock);
+    InstanciaUnica instancia(ctx.carpeta());
+
+    OpcionesArranque options;
+    options.linea_de_comandos = parser.positionalArguments().join(QLatin1Char(' '));
+    FrmSplash splash;
+    const ResultadoArranque result = ejecutar_arranque(ctx, splash, instancia, options);
+    if (!result.continuar)
+        return 0;
+
+    FrmMain main_window(ctx);
+    main_window.setWindowTitle(result.titulo);
+    status.conectar(&main_window);
+    op.set_parent(&main_window);
+    main_window.cargar();
+    main_window.show();
+    splash.close();
+    const int code = QApplication::exec();
+    status.conectar(nullptr);
+    op.set_parent(nullptr);
+    return code;
+}

@@ -1,0 +1,253 @@
+#include "screens/frm_main.h"
+
+#include "core/context.h"
+#include "core/holiday_logo.h"
+#include "core/shutdown.h"
+#include "core/status_indicators.h"
+#include "screens/frm_log.h"
+#include "screens/screen_images.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <cerrno>
+#include <exception>
+
+namespace vendrix {
+
+namespace {
+
+struct DatosPestana {
+    const char *objeto;
+    const char *titulo;
+    const char *texto = nullptr; // null: an area still to come
+};
+
+// Object names and captions of the tabs, in the order of the tab strip.
+constexpr DatosPestana kPestanas[FrmMain::kCantidadPestanas] = {
+    {"Tab_Listas", "Listas de Precios"},
+    {"Tab_Novedades", "Novedades"},
+    {"Tab_configuracion", "Configuración"},
+    {"Tab_Pedidos", "Pedidos"},
+    {"Tab_ControlPrecios", "Control de Precios"},
+    {"Tab_Reportes", "Reportes"},
+    {"Tab_CliPro", "Clientes y Proveedores"},
+    {"Tab_Pagos", "Pagos"},
+    {"Tab_Disclaimer", "Aviso Legal",
+     "Vendrix calcula los precios de venta a partir de las listas de precios de sus proveedores y de las "
+     "reglas "
+     "que usted configura. Verifique los precios antes de informarlos a sus clientes y conserve resguardos "
+     "de su "
+     "información."},
+};
+
+// The pictures the panels start with: no connection, printer off, no
+// errors, idle.
+constexpr int kImagenesIniciales[] = {0, 23, 21, 19, 26};
+
+QWidget *pagina_de_texto(const QString &texto)
+{
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    auto *label = new QLabel(texto, page);
+    label->setAlignment(Qt::AlignCenter);
+    label->setWordWrap(true);
+    label->setStyleSheet(QStringLiteral("color: #616161; font-size: 11pt;"));
+    layout->addWidget(label);
+    return page;
+}
+
+} // namespace
+
+FrmMain::FrmMain(Context &ctx, QWidget *parent) : QMainWindow(parent), ctx_(ctx)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(QStringLiteral("Vendrix"));
+
+    auto *central = new QWidget(this);
+    auto *layout = new QVBoxLayout(central);
+    auto *header = new QHBoxLayout;
+    for (int i = 0; i < static_cast<int>(logos_.size()); ++i) {
+        logos_[i] = new QLabel(central);
+        logos_[i]->setObjectName(QStringLiteral("Picture1_%1").arg(i));
+        logos_[i]->setPixmap(imagen_logo(i));
+        logos_[i]->setVisible(i == kLogoNormal);
+        header->addWidget(logos_[i]);
+    }
+    header->addStretch();
+    layout->addLayout(header);
+
+    tabs_ = new QTabWidget(central);
+    tabs_->setObjectName(QStringLiteral("SSTab1"));
+    layout->addWidget(tabs_, 1);
+    setCentralWidget(central);
+    crear_pestanas();
+    crear_barra_de_estado();
+    resize(1100, 720);
+}
+
+FrmMain::~FrmMain()
+{
+    if (cursor_espera_)
+        QApplication::restoreOverrideCursor();
+}
+
+void FrmMain::crear_pestanas()
+{
+    const QString later = QStringLiteral("Esta sección estará disponible en una próxima versión de Vendrix.");
+    for (const DatosPestana &datos : kPestanas) {
+        QWidget *page = pagina_de_texto(datos.texto ? QString::fromUtf8(datos.texto) : later);
+        page->setObjectName(QString::fromLatin1(datos.objeto));
+        tabs_->addTab(page, QString::fromUtf8(datos.titulo));
+    }
+}
+
+void FrmMain::crear_barra_de_estado()
+{
+    QStatusBar *bar = statusBar();
+    bar->setObjectName(QStringLiteral("StatusBar"));
+    for (int i = 0; i < static_cast<int>(panels_.size()); ++i) {
+        panels_[i] = new QLabel(bar);
+        panels_[i]->setObjectName(QStringLiteral("StatusBar_panel%1").arg(i + 1));
+        panels_[i]->setProperty("imagen", 0);
+        if (kImagenesIniciales[i] != 0) {
+            panels_[i]->setPixmap(imagen_indicador(kImagenesIniciales[i]));
+            panels_[i]->setProperty("imagen", kImagenesIniciales[i]);
+        }
+        // The first panel is the text panel; the others show pictures.
+        if (i == 0)
+            bar->addWidget(panels_[i], 1);
+        else
+            bar->addPermanentWidget(panels_[i]);
+    }
+    panels_[1]->setToolTip(QStringLiteral("Conexión a Internet"));
+    panels_[2]->setToolTip(QStringLiteral("Impresora fiscal"));
+    panels_[3]->setToolTip(QStringLiteral("Errores registrados en el log"));
+    panels_[4]->setToolTip(QStringLiteral("Vendrix está trabajando"));
+}
+
+void FrmMain::cargar()
+{
+    const QString info = QStringLiteral("I");
+    try {
+        ctx_.escribir_log(QStringLiteral("INICIO - Load form FrmMain"), info);
+        repaint();
+        cargar_pestanas();
+        // The indicators: there is no connection test yet, so the program
+        // counts as offline; the printer lights when the shop uses one.
+        actualizar_indicador(QStringLiteral("internet_off"));
+        if (ctx_.leer_parametro(QStringLiteral("impresora_fiscal")) == QLatin1String("1"))
+            actualizar_indicador(QStringLiteral("impresora_on"));
+    } catch (const std::exception &e) {
+        const int system_error = errno;
+        ctx_.escribir_log(QStringLiteral("ERROR IN FRMMAIN SCREEN - 1 ") + QString::fromLocal8Bit(e.what()) +
+                              QLatin1Char(' ') + QString::number(system_error) + QStringLiteral(" frmMain"),
+                          QStringLiteral("E"));
+    }
+}
+
+// Each area logs its line once it is set up, so that a log cut short by a
+// crash tells how far the load got. The areas still to come log it after
+// their placeholder is in place.
+void FrmMain::cargar_pestanas()
+{
+    const QString info = QStringLiteral("I");
+    for (const char *line :
+         {"TAB Disclaimer inicializado", "TAB Listas inicializado", "Carritos de Compra inicializados",
+          "TAB Novedades inicializado", "TAB Configuración inicializado", "TAB Proveedores inicializado",
+          "TAB Pedidos inicializado", "TAB Reprotes inicializado", "TAB Control Precios inicializado",
+          "TAB Cliente / Proveedores inicializado", "TAB Pagos inicializado"})
+        ctx_.escribir_log(QString::fromUtf8(line), info);
+    elegir_logo();
+    ctx_.escribir_log(QStringLiteral("Se puso el logo de Vendrix correspondiente"), info);
+    ctx_.escribir_log(QStringLiteral("Web Preview Inicializado"), info);
+    ctx_.escribir_log(QStringLiteral("Impresora Fiscal inicializada"), info);
+    ctx_.escribir_log(QStringLiteral("FIN - Load form FrmMain"), info);
+}
+
+int FrmMain::elegir_logo()
+{
+    const int logo = vendrix::elegir_logo(ctx_.reloj().now().date());
+    for (int i = 0; i < static_cast<int>(logos_.size()); ++i)
+        logos_[i]->setVisible(i == logo);
+    return logo;
+}
+
+void FrmMain::actualizar_indicador(const QString &keyword)
+{
+    const std::optional<Indicador> indicador = indicador_de(keyword);
+    if (!indicador)
+        return;
+    QLabel *panel = panels_[indicador->panel - 1];
+    panel->setPixmap(imagen_indicador(indicador->imagen));
+    panel->setProperty("imagen", indicador->imagen);
+}
+
+int FrmMain::imagen_panel(int panel) const
+{
+    if (panel < 1 || panel > static_cast<int>(panels_.size()))
+        return 0;
+    return panels_[panel - 1]->property("imagen").toInt();
+}
+
+void FrmMain::marcar_ocupado(bool busy)
+{
+    if (!busy) {
+        setEnabled(true);
+        actualizar_indicador(QStringLiteral("ocupado_off"));
+        if (cursor_espera_) {
+            QApplication::restoreOverrideCursor();
+            cursor_espera_ = false;
+        }
+        return;
+    }
+    if (!ctx_.leer_parametro(QStringLiteral("disable_while_processing")).isEmpty())
+        return;
+    if (!cursor_espera_) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        cursor_espera_ = true;
+    }
+    // Disabling the window disables every control in it; enabling it gives
+    // each control back the state it had.
+    setEnabled(false);
+    actualizar_indicador(QStringLiteral("ocupado_on"));
+}
+
+void FrmMain::config_label(int index)
+{
+    if (index == 8) {
+        abrir_log();
+    } else if (index == 14) {
+        ctx_.op().inform(QStringLiteral("Nivel de detalle en el log incrementado"),
+                         QStringLiteral("Se incremento el nivel de detalle en el log. La configuración se "
+                                        "mantendra hasta que reinicie Vendrix."));
+        ctx_.log().set_detalle(QStringLiteral("High"));
+    }
+}
+
+FrmLog *FrmMain::abrir_log()
+{
+    if (!log_window_)
+        log_window_ = new FrmLog(ctx_, this);
+    log_window_->show();
+    log_window_->raise();
+    return log_window_;
+}
+
+void FrmMain::closeEvent(QCloseEvent *event)
+{
+    if (!confirmar_cierre(ctx_)) {
+        event->ignore();
+        return;
+    }
+    if (log_window_)
+        log_window_->close();
+    event->accept();
+}
+
+} // namespace vendrix

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "core/operator.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <array>
+
+class QLabel;
+class QTabWidget;
+
+namespace vendrix {
+
+class Context;
+class FrmLog;
+
+// The main window: the logo, one tab per area of the shop and the status bar
+// with its indicators. It is the status sink of the program once it exists,
+// and freezes itself while a long task runs.
+class FrmMain final : public QMainWindow, public StatusSink {
+    Q_OBJECT
+
+public:
+    // The tabs, in the order of the tab strip.
+    enum Pestana {
+        kTabListas,
+        kTabNovedades,
+        kTabConfiguracion,
+        kTabPedidos,
+        kTabControlPrecios,
+        kTabReportes,
+        kTabCliPro,
+        kTabPagos,
+        kTabDisclaimer,
+        kCantidadPestanas,
+    };
+
+    explicit FrmMain(Context &ctx, QWidget *parent = nullptr);
+    ~FrmMain() override;
+
+    // Sets up every tab in its order, each step logged once done, then the
+    // logo and the indicators. A failure is logged and leaves the window
+    // open.
+    void cargar();
+
+    void actualizar_indicador(const QString &keyword) override;
+    // Busy: the wait cursor and the whole window disabled, unless the
+    // setting `disable_while_processing` holds any text. Not busy: enabled.
+    void marcar_ocupado(bool busy) override;
+
+    // Shows the holiday logo of today, or the ordinary one; the index shown.
+    int elegir_logo();
+
+    // The hidden uses of the configuration tab's labels: 8 opens the log
+    // viewer, 14 raises the log's detail for the rest of the run.
+    void config_label(int index);
+    FrmLog *abrir_log();
+
+    QTabWidget *pestanas() const { return tabs_; }
+    // The picture a status bar panel (1 to 5) shows, as an image list index;
+    // 0 when none.
+    int imagen_panel(int panel) const;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void crear_pestanas();
+    void crear_barra_de_estado();
+    void cargar_pestanas();
+
+    Context &ctx_;
+    QTabWidget *tabs_;
+    std::array<QLabel *, 6> logos_{};
+    std::array<QLabel *, 5> panels_{};
+    QPointer<FrmLog> log_window_;
+    bool cursor_espera_ = false;
+};
+
+} // namespace vendrix
