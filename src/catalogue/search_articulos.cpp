@@ -109,6 +109,8 @@ int limite_busqueda(const Context &ctx, QString &boton)
         const int cap = ctx.leer_parametro(QStringLiteral("busqueda_cantidad_resultados_combo"))
                             .trimmed()
                             .toInt(&numeric);
+        // A cap that isn't a whole number from 0, or one beyond the uncapped
+        // limit, counts as no cap.
         if (numeric && cap >= 0 && cap < kLimiteTodos) {
             boton = QLatin1String(kBotonBuscarTodos);
             return cap + 1;

@@ -1,5 +1,5 @@
-// The indexed search against the row-by-row evaluation of the described
-// statement, on thousands of random searches over a small demo list with
+// The indexed search against the row-by-row evaluation of the earlier
+// program's statement, on thousands of random searches over a small demo list with
 // every edge the search meets: quotes, "%", "[", "_", Ñ and accents, empty
 // and NULL fields, repeated codes, favourites, comments, marks and orders
 // written in another case.
