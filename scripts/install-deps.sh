@@ -6,7 +6,7 @@ set -euo pipefail
 PACKAGES=(
   build-essential cmake ninja-build pkg-config git clang-format
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-tools-dev-tools
-  libqt6serialport6-dev libqt6charts6-dev libqt6svg6-dev
+  qt6-serialport-dev qt6-charts-dev qt6-svg-dev
   libqt6opengl6-dev libgl-dev libxkbcommon-dev
   libsqlite3-dev sqlite3 libssl-dev libqrcodegencpp-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev

@@ -2,6 +2,7 @@
 
 #include "catalogue/lista_novedades.h"
 #include "catalogue/lista_sqlite.h"
+#include "catalogue/lista_texto.h"
 #include "catalogue/search_index.h"
 
 #include <QFile>
@@ -147,7 +148,7 @@ QString validar(const std::vector<ListaProveedor> &nuevas, const ContenidoLista 
             return QStringLiteral("Hay una lista sin nombre de proveedor.");
         if (l.fecha.isEmpty())
             return QStringLiteral("La lista de '%1' no tiene fecha.").arg(l.proveedor);
-        const QString folded = plegar_texto(l.proveedor.trimmed());
+        const QString folded = plegar_sin_acentos(l.proveedor.trimmed());
         if (seen.contains(folded))
             return QStringLiteral("El proveedor '%1' viene en dos listas ('%2' y '%1').")
                 .arg(l.proveedor, seen.value(folded));
@@ -161,16 +162,16 @@ std::vector<Proveedor> planear(const std::vector<ListaProveedor> &nuevas, const 
     QHash<QString, const ListaProveedor *> former;
     if (anterior) {
         for (const ListaProveedor &l : anterior->listas)
-            former.insert(plegar_texto(l.proveedor.trimmed()), &l);
+            former.insert(plegar_sin_acentos(l.proveedor.trimmed()), &l);
     }
     std::vector<Proveedor> plan;
     for (const ListaProveedor &l : nuevas) {
-        const QString folded = plegar_texto(l.proveedor.trimmed());
+        const QString folded = plegar_sin_acentos(l.proveedor.trimmed());
         plan.push_back({&l, former.take(folded), true, folded});
     }
     if (anterior) {
         for (const ListaProveedor &l : anterior->listas) {
-            const QString folded = plegar_texto(l.proveedor.trimmed());
+            const QString folded = plegar_sin_acentos(l.proveedor.trimmed());
             if (former.contains(folded))
                 plan.push_back({&l, nullptr, false, folded});
         }
@@ -195,7 +196,7 @@ QString escribir(BaseSqlite &db, const OpcionesConstruccion &opciones, const std
     QHash<QString, std::vector<ArticuloViejo>> former_prices;
     if (anterior) {
         for (const ArticuloViejo &v : anterior->viejos)
-            former_prices[plegar_texto(v.proveedor.trimmed())].push_back(v);
+            former_prices[plegar_sin_acentos(v.proveedor.trimmed())].push_back(v);
     }
     const ListaProveedor none;
     for (const Proveedor &p : plan) {

@@ -1,7 +1,6 @@
 #include "catalogue/lista_csv.h"
 
 #include "catalogue/lista_texto.h"
-#include "catalogue/search_index.h"
 #include "core/cp1252.h"
 
 #include <QDate>
@@ -44,7 +43,7 @@ const std::array<NombreColumna, kColumnas> &columnas()
 // both read "UNIDADDEMEDIDA".
 QString plegar_nombre(const QString &name)
 {
-    QString folded = plegar_texto(name);
+    QString folded = plegar_sin_acentos(name);
     folded.remove(QRegularExpression(QStringLiteral("[\\s_.]")));
     return folded;
 }

@@ -18,8 +18,9 @@ class BaseSqlite;
 
 // The version of the file's layout, kept both in `PRAGMA user_version` and in
 // `xls_parametros` under `FORMATO`. Version 1: the list tables plus the search
-// index `xls_busqueda`.
-inline constexpr int kFormatoLista = 1;
+// index `xls_busqueda`. Version 2: the index text keeps accents and ends in a
+// blank (a file of version 1 gets its index remade).
+inline constexpr int kFormatoLista = 2;
 inline constexpr const char *kClaveFormato = "FORMATO";
 
 // Currency codes of `Moneda`.

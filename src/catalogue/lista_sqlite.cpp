@@ -102,6 +102,12 @@ bool SentenciaSqlite::ejecutar()
     return ok;
 }
 
+void SentenciaSqlite::reiniciar()
+{
+    sqlite3_reset(stmt_);
+    sqlite3_clear_bindings(stmt_);
+}
+
 QString SentenciaSqlite::error() const
 {
     return QString::fromUtf8(sqlite3_errmsg(db_));
@@ -121,6 +127,11 @@ QString SentenciaSqlite::columna(int n) const
 qint64 SentenciaSqlite::columna_entero(int n) const
 {
     return sqlite3_column_int64(stmt_, n);
+}
+
+bool SentenciaSqlite::es_nulo(int n) const
+{
+    return sqlite3_column_type(stmt_, n) == SQLITE_NULL;
 }
 
 } // namespace vendrix

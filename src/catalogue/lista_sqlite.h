@@ -55,6 +55,8 @@ public:
     bool fila();
     // Runs a statement that gives no rows, then makes it ready to run again.
     bool ejecutar();
+    // Makes a query ready to run again with new values, before its end.
+    void reiniciar();
     bool fallo() const { return failed_; }
     QString error() const;
 
@@ -62,6 +64,7 @@ public:
     // Columns of the current row, from 0. NULL reads "".
     QString columna(int n) const;
     qint64 columna_entero(int n) const;
+    bool es_nulo(int n) const;
 
 private:
     sqlite3 *db_;

@@ -1,7 +1,6 @@
 #include "catalogue/lista_texto.h"
 
 #include "catalogue/lista_formato.h"
-#include "catalogue/search_index.h"
 #include "core/cp1252.h"
 
 #include <QStringDecoder>
@@ -9,6 +8,42 @@
 namespace vendrix {
 
 namespace {
+
+// The plain letter of an upper-case vowel with a mark; the same character
+// for every other one. Ñ and Ü are left alone on purpose.
+QChar vocal_simple(QChar c)
+{
+    switch (c.unicode()) {
+    case u'Á':
+    case u'À':
+    case u'Ä':
+    case u'Â':
+    case u'Ã':
+        return QLatin1Char('A');
+    case u'É':
+    case u'È':
+    case u'Ë':
+    case u'Ê':
+        return QLatin1Char('E');
+    case u'Í':
+    case u'Ì':
+    case u'Ï':
+    case u'Î':
+        return QLatin1Char('I');
+    case u'Ó':
+    case u'Ò':
+    case u'Ö':
+    case u'Ô':
+    case u'Õ':
+        return QLatin1Char('O');
+    case u'Ú':
+    case u'Ù':
+    case u'Û':
+        return QLatin1Char('U');
+    default:
+        return c;
+    }
+}
 
 QString decodificar(const QByteArray &bytes, QStringConverter::Encoding encoding, bool &error)
 {
@@ -67,6 +102,14 @@ std::optional<QString> entero_sin_miles(QStringView text, QChar miles)
 }
 
 } // namespace
+
+QString plegar_sin_acentos(const QString &text)
+{
+    QString folded = text.toUpper();
+    for (QChar &c : folded)
+        c = vocal_simple(c);
+    return folded;
+}
 
 TextoDecodificado decodificar_lista(const QByteArray &bytes)
 {
@@ -130,7 +173,7 @@ std::optional<QString> leer_precio(const QString &crudo, QChar decimal)
 
 std::optional<QString> leer_moneda(const QString &crudo)
 {
-    const QString word = plegar_texto(crudo.trimmed()).remove(QLatin1Char(' '));
+    const QString word = plegar_sin_acentos(crudo.trimmed()).remove(QLatin1Char(' '));
     static const QStringList kCodes{QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("101"),
                                     QStringLiteral("102")};
     if (kCodes.contains(word))

@@ -11,6 +11,14 @@
 
 namespace vendrix {
 
+// Folds a name for matching regardless of case and accents: upper case, and
+// the vowels with an accent, grave, circumflex, tilde or diaeresis become
+// plain ("Tubería" and "TUBERIA" fold alike). Ñ and Ü are letters of their
+// own in Spanish: they are only upper-cased ("caño" folds to "CAÑO",
+// "pingüino" to "PINGÜINO"). Suppliers' names, column headings and currency
+// words are matched this way.
+QString plegar_sin_acentos(const QString &text);
+
 // The text of a file and the encoding it was read in: "UTF-8" (with or without
 // a byte order mark), "UTF-16" (with a byte order mark, as spreadsheets save
 // "Unicode text"), or "Windows-1252" for anything that is not valid UTF-8.

@@ -9,42 +9,6 @@ namespace vendrix {
 
 namespace {
 
-// The plain letter of an upper-case vowel with a mark; the same character
-// for every other one. Ñ and Ü are left alone on purpose.
-QChar vocal_simple(QChar c)
-{
-    switch (c.unicode()) {
-    case u'Á':
-    case u'À':
-    case u'Ä':
-    case u'Â':
-    case u'Ã':
-        return QLatin1Char('A');
-    case u'É':
-    case u'È':
-    case u'Ë':
-    case u'Ê':
-        return QLatin1Char('E');
-    case u'Í':
-    case u'Ì':
-    case u'Ï':
-    case u'Î':
-        return QLatin1Char('I');
-    case u'Ó':
-    case u'Ò':
-    case u'Ö':
-    case u'Ô':
-    case u'Õ':
-        return QLatin1Char('O');
-    case u'Ú':
-    case u'Ù':
-    case u'Û':
-        return QLatin1Char('U');
-    default:
-        return c;
-    }
-}
-
 bool ejecutar(sqlite3 *db, const char *sql)
 {
     return sqlite3_exec(db, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
@@ -105,14 +69,32 @@ bool marcar_version(sqlite3 *db)
     return borrar.ejecutar() && poner.ejecutar();
 }
 
+int version_archivo(sqlite3 *db)
+{
+    SentenciaSqlite version(db, "PRAGMA user_version");
+    return version.fila() ? static_cast<int>(version.columna_entero(0)) : -1;
+}
+
+// Merges the index into one segment after a large load: searches then read
+// one b-tree per trigram.
+bool optimizar(sqlite3 *db)
+{
+    return ejecutar(db, "INSERT INTO xls_busqueda (xls_busqueda) VALUES ('optimize')");
+}
+
 bool asegurar(sqlite3 *db)
 {
     if (!existe_tabla(db, "xls_listas"))
         return false;
-    if (!ejecutar(db,
-                  "CREATE VIRTUAL TABLE IF NOT EXISTS xls_busqueda USING fts5(texto, tokenize='trigram')"))
+    // An index of an older format holds text folded another way.
+    if (version_archivo(db) < kFormatoLista && !ejecutar(db, "DROP TABLE IF EXISTS xls_busqueda"))
         return false;
-    if (!indice_completo(db) && !completar_indice(db))
+    if (!ejecutar(db, "CREATE VIRTUAL TABLE IF NOT EXISTS xls_busqueda USING fts5(texto, tokenize='trigram "
+                      "case_sensitive 1')") ||
+        !ejecutar(db,
+                  "CREATE INDEX IF NOT EXISTS xls_listas_proveedor_codigo ON xls_listas (Proveedor, Codigo)"))
+        return false;
+    if (!indice_completo(db) && !(completar_indice(db) && optimizar(db)))
         return false;
     return marcar_version(db);
 }
@@ -121,9 +103,9 @@ bool asegurar(sqlite3 *db)
 
 QString plegar_texto(const QString &text)
 {
-    QString folded = text.toUpper();
+    QString folded = text;
     for (QChar &c : folded)
-        c = vocal_simple(c);
+        c = c.toUpper();
     return folded;
 }
 
@@ -132,7 +114,13 @@ QString texto_busqueda(const QString &proveedor, const QString &grupo, const QSt
 {
     const QChar blank = QLatin1Char(' ');
     return plegar_texto(proveedor + blank + grupo + blank + observaciones + blank + descripcion + blank +
-                        marca + blank + codigo);
+                        marca + blank + codigo + blank);
+}
+
+bool indice_busqueda_al_dia(sqlite3 *db)
+{
+    return db && existe_tabla(db, "xls_busqueda") && version_archivo(db) >= kFormatoLista &&
+           indice_completo(db);
 }
 
 bool asegurar_indice_busqueda(sqlite3 *db)

@@ -4,7 +4,9 @@
 // with the trigram tokenizer, one row per article of `xls_listas` (same
 // rowid as the article's `ID`), whose one column `texto` is the article's
 // searchable text folded by `plegar_texto`. A search folds its terms the same
-// way and asks the index for the rows whose text holds every term.
+// way and asks the index for the rows whose text holds every term. The text
+// is folded by our code only (the tokenizer keeps case), so the trigrams of
+// the index are exactly those of the folded text.
 
 #include <QString>
 
@@ -12,23 +14,29 @@ struct sqlite3;
 
 namespace vendrix {
 
-// Folds a text for searching: upper case, and the vowels with an accent,
-// grave, circumflex, tilde or diaeresis become plain ("Tubería" and
-// "TUBERIA" fold alike). Ñ and Ü are letters of their own in Spanish: they
-// are only upper-cased ("caño" folds to "CAÑO", "pingüino" to "PINGÜINO").
-// Everything else is upper-cased as Unicode does it.
+// Folds a text for searching: upper case, character by character, so the
+// text keeps its length ("caño" folds to "CAÑO", "Tubería" to "TUBERÍA").
+// Accents stay: the search tells "Á" from "A", as the earlier database engine
+// did, while "á" and "Á" are the same letter.
 QString plegar_texto(const QString &text);
 
 // The searchable text of an article: Proveedor, Grupo, Observaciones,
-// Descripcion, Marca and Codigo joined by one blank, folded. A term never
-// holds a blank, so it matches inside one field only, as the search of the
-// whole list row by row does.
+// Descripcion, Marca and Codigo, each followed by one blank (an empty field
+// is an empty text), folded. A term never holds a blank, so it matches
+// inside one field, except through a `_`, which also matches the blank
+// between two fields or the last one.
 QString texto_busqueda(const QString &proveedor, const QString &grupo, const QString &observaciones,
                        const QString &descripcion, const QString &marca, const QString &codigo);
 
+// True when the open price database has its search index in the current
+// format and for every article. Reads only.
+bool indice_busqueda_al_dia(sqlite3 *db);
+
 // Makes sure that the price database open on `db` has its search index: it
-// creates `xls_busqueda` when it is missing, adds the articles it lacks,
-// drops the rows of articles that are gone, and records the format version
+// creates `xls_busqueda` when it is missing, remakes it when the file's
+// format version is older (its text was folded another way), adds the
+// articles it lacks, drops the rows of articles that are gone, makes the
+// lookup index by supplier and code, and records the format version
 // (`PRAGMA user_version` and `FORMATO` in `xls_parametros`). Cheap when the
 // index is complete. Runs inside a savepoint, so it can be called inside a
 // transaction; on failure nothing is changed. Needs a writable connection.

@@ -85,9 +85,9 @@ TEST_F(ListaBuilderTest, BuildsFromCsvFilesWhatTheProgramReads)
                      QStringLiteral("Sanitarios O'Higgins|2026-11-20|")}));
     EXPECT_EQ(filas(db, "SELECT CLAVE, VALOR FROM xls_parametros ORDER BY CLAVE"),
               (QStringList{QStringLiteral("CLIENTE|Ferretería Demo"), QStringLiteral("FECHA|2026-11-23"),
-                           QStringLiteral("FORMATO|1"), QStringLiteral("TOTREG|3"),
+                           QStringLiteral("FORMATO|2"), QStringLiteral("TOTREG|3"),
                            QStringLiteral("VERSION|1.2.3")}));
-    EXPECT_EQ(valor(db, "PRAGMA user_version"), QStringLiteral("1"));
+    EXPECT_EQ(valor(db, "PRAGMA user_version"), QStringLiteral("2"));
     EXPECT_EQ(valor(db, "SELECT count(*) FROM xls_Novedades"), QStringLiteral("0"));
     EXPECT_EQ(valor(db, "SELECT count(*) FROM xls_listas_viejos"), QStringLiteral("0"));
     EXPECT_EQ(valor(db, "SELECT count(*) FROM xls_reportes"), QStringLiteral("6"));
@@ -97,8 +97,8 @@ TEST_F(ListaBuilderTest, BuildsFromCsvFilesWhatTheProgramReads)
               (QStringList{QStringLiteral("agro ñuñoa|2026-11-18"),
                            QStringLiteral("Sanitarios O'Higgins|2026-11-20")}));
     EXPECT_EQ(
-        filas(db, "SELECT rowid, texto FROM xls_busqueda WHERE texto LIKE '%TERMOFUSION%'"),
-        QStringList{QStringLiteral("2|SANITARIOS O'HIGGINS PLOMERIA  CAÑO 1/2\" TERMOFUSION AQUASUR A-1")});
+        filas(db, "SELECT rowid, texto FROM xls_busqueda WHERE texto LIKE '%TERMOFUSIÓN%'"),
+        QStringList{QStringLiteral("2|SANITARIOS O'HIGGINS PLOMERÍA  CAÑO 1/2\" TERMOFUSIÓN AQUASUR A-1 ")});
     EXPECT_EQ(filas(db, "SELECT rowid FROM xls_busqueda WHERE xls_busqueda MATCH '\"ÑUÑ\"'"),
               QStringList{QStringLiteral("1")});
     EXPECT_EQ(archivos(),
@@ -308,7 +308,7 @@ TEST_F(ListaBuilderTest, RefusesTwoListsOfOneSupplierAndUnusableFormerFiles)
     EXPECT_FALSE(leer_contenido_lista(ruta(QStringLiteral("futuro.vdrxdb")), previous, error));
     EXPECT_EQ(error,
               QStringLiteral("La base de precios anterior 'futuro.vdrxdb' tiene un formato más nuevo (7) que "
-                             "el que conoce este programa (1)."));
+                             "el que conoce este programa (2)."));
     EXPECT_FALSE(QFile::exists(ruta(QStringLiteral("x.vdrxdb"))));
 }
 

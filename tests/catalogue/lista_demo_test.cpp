@@ -116,7 +116,7 @@ TEST(CarpetaDemo, WritesTheThreeSeedsOfAFirstRun)
     const QString db = app.filePath(QStringLiteral("Vendrix.install"));
     EXPECT_EQ(filas(db, "SELECT CLAVE, VALOR FROM xls_parametros ORDER BY CLAVE"),
               (QStringList{QStringLiteral("CLIENTE|Ferretería Demo"), QStringLiteral("FECHA|2026-11-23"),
-                           QStringLiteral("FORMATO|1"), QStringLiteral("TOTREG|500"),
+                           QStringLiteral("FORMATO|2"), QStringLiteral("TOTREG|500"),
                            QStringLiteral("VERSION|1.0.0")}));
     EXPECT_EQ(valor(db, "SELECT count(*) FROM xls_reportes"), QStringLiteral("6"));
     EXPECT_EQ(valor(db, "SELECT count(*) FROM xls_tips"), QStringLiteral("12"));

@@ -108,7 +108,7 @@ TEST(DecodificarLista, TellsUtf8FromWindows1252)
     EXPECT_EQ(decodificar_lista(utf16).texto, QStringLiteral("Ñu"));
 }
 
-TEST(PlegarTexto, FoldsCaseAndAccentsButKeepsEnieAndDieresis)
+TEST(PlegarSinAcentos, FoldsCaseAndAccentsButKeepsEnieAndDieresis)
 {
     const std::pair<const char *, const char *> casos[] = {
         {"Tubería", "TUBERIA"},   {"caño", "CAÑO"},
@@ -117,7 +117,7 @@ TEST(PlegarTexto, FoldsCaseAndAccentsButKeepsEnieAndDieresis)
         {"Ñandú", "ÑANDU"},       {"", ""},
     };
     for (const auto &[text, folded] : casos)
-        EXPECT_EQ(plegar_texto(QString::fromUtf8(text)), QString::fromUtf8(folded)) << text;
+        EXPECT_EQ(plegar_sin_acentos(QString::fromUtf8(text)), QString::fromUtf8(folded)) << text;
 }
 
 } // namespace

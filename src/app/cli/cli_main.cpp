@@ -13,18 +13,21 @@ using namespace vendrix::cli;
 namespace {
 
 const QStringList kFolder{QStringLiteral("--carpeta")};
-const QStringList kOpcionesLista{"--salida", "--anterior", "--cliente", "--version", "--proveedor", "--fecha-lista",
-                                 "--decimal"};
+const QStringList kOpcionesLista{"--salida",    "--anterior",    "--cliente", "--version",
+                                 "--proveedor", "--fecha-lista", "--decimal"};
 const QStringList kOpcionesDemo{"--carpeta", "--articulos", "--semilla", "--csv", "--clientes"};
 
 const std::array kCommands{
-    Command{"verificar", "Prepara la carpeta, abre las bases de datos y aplica las actualizaciones del esquema.",
-            kFolder, cmd_verificar},
+    Command{"verificar",
+            "Prepara la carpeta, abre las bases de datos y aplica las actualizaciones del esquema.", kFolder,
+            cmd_verificar},
     Command{"construir-lista", "Construye una base de precios .vdrxdb con las listas CSV de los proveedores.",
             kOpcionesLista, cmd_construir_lista},
     Command{"demo", "Prepara en --carpeta un comercio de demostración para el primer inicio.", kOpcionesDemo,
             cmd_demo},
     Command{"precio", "Muestra el panel de precio de un artículo de la lista: precio ID.", kFolder, cmd_precio},
+    Command{"buscar", "Muestra las filas que la grilla de listas daría para un texto de búsqueda.", kFolder,
+            cmd_buscar},
 };
 
 int usage(QTextStream &err)

@@ -18,5 +18,6 @@ int cmd_verificar(const CliArgs &args);
 int cmd_construir_lista(const CliArgs &args);
 int cmd_demo(const CliArgs &args);
 int cmd_precio(const CliArgs &args);
+int cmd_buscar(const CliArgs &args);
 
 } // namespace vendrix::cli

@@ -1,0 +1,80 @@
+#pragma once
+
+// The catalogue search against the price database: which articles match,
+// in which order, and how many the grid shows.
+//
+// The result is the one the list gave when it was searched row by row: the
+// union of
+// - the favourites that match (all of them), and
+// - the first `limite` articles that match, by ID,
+// ordered favourites first, then by ID, each article once. The grid shows
+// the first `limite` - 1 of them and, when there are more, the marker row.
+// So the marker shows exactly when more than `limite` - 1 articles match.
+// An article matches when it meets the condition (see `CondicionBusqueda`)
+// or, in the comment branch, when one of its comments holds the text.
+//
+// The index `xls_busqueda` serves the condition: each term's runs of three
+// or more plain characters are asked of it as phrases; a term with none
+// asks for its runs of two characters as the trigrams of the index that
+// start with them (the text ends with a blank, so each pair in it starts a
+// trigram); a run of one character can't narrow anything. Every article the
+// index gives is tested with `PatronLike` on its folded text, which decides. Articles with a comment
+// are tested as well when the comment takes part, since the index doesn't
+// hold comments. A condition with no run long enough, or a file without the
+// index, is served by reading the list in order of ID, which stops as soon
+// as the rows to show are found.
+
+#include "catalogue/search_marcas.h"
+#include "catalogue/search_texto.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+struct sqlite3;
+
+namespace vendrix {
+
+// The limit of the second press of "Buscar": 100 000 rows and the marker.
+inline constexpr int kLimiteTodos = 100001;
+
+struct ConsultaBusqueda {
+    CondicionBusqueda condicion;
+    // The comment branch: also the articles one of whose comments holds this
+    // pattern anywhere (the whole search text, not its terms).
+    std::optional<QString> comentario;
+    bool solo_favoritos = false;
+    int limite = kLimiteTodos;
+};
+
+// One article of the result, with its fields as the list holds them.
+struct ArticuloEncontrado {
+    qint64 id = 0;
+    QString proveedor, grupo, descripcion, moneda, marca, precio, codigo;
+    MarcasFila marcas;
+
+    bool operator==(const ArticuloEncontrado &) const = default;
+};
+
+struct ResultadoConsulta {
+    std::vector<ArticuloEncontrado> articulos; // at most `limite` - 1
+    bool hay_mas = false;                      // more articles match: the marker row follows
+    bool ok = true;                            // false on a database failure
+    QString error;                             // then: "number description errno"
+};
+
+// Runs the search on the price connection (with the shop tables attached
+// under `clientes`). On failure `ok` is false and `error` tells why.
+ResultadoConsulta ejecutar_consulta(sqlite3 *db, const ConsultaBusqueda &consulta);
+
+// The trigrams of the index that start with a pair of characters; too many
+// to be worth it gives nothing (std::nullopt).
+using TrigramasDe = std::function<std::optional<QStringList>(const QString &par)>;
+
+// The index query for a condition ("" when no term can be narrowed). Without
+// `trigramas`, pairs narrow nothing.
+QString expresion_indice(const CondicionBusqueda &condicion, const TrigramasDe &trigramas = {});
+
+} // namespace vendrix

@@ -1,0 +1,61 @@
+#pragma once
+
+// The search part of the price list tab: `TextBox_Buscar`, `Btn_BuscarListas`
+// and the grid `DataGridViewListas`. The main window puts it on its lists tab;
+// the article panel and the carts hook into it through `setAcciones` and
+// `articuloSeleccionado`.
+
+#include "catalogue/search_articulos.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class QLineEdit;
+class QPushButton;
+
+namespace vendrix {
+class Context;
+namespace widgets {
+class LynxGrid;
+}
+} // namespace vendrix
+
+namespace vendrix::screens {
+
+class TabListas : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit TabListas(Context &ctx, QWidget *parent = nullptr);
+    ~TabListas() override;
+
+    QLineEdit *textoBuscar() const { return texto_; }
+    QPushButton *botonBuscar() const { return boton_; }
+    widgets::LynxGrid *grilla() const { return grilla_; }
+
+    // What the search does around the grid. `mostrar_primera` is the tab's
+    // own unless given: it selects the first row, which loads the article.
+    void setAcciones(AccionesListas acciones);
+
+public Q_SLOTS:
+    // `buscar_articulos` with the text of the box.
+    void buscar();
+
+Q_SIGNALS:
+    // A row of an article became the selected one (never the marker row).
+    void articuloSeleccionado(qint64 id);
+
+private:
+    void fila_cambiada();
+    void mostrar_primera();
+
+    Context &ctx_;
+    QLineEdit *texto_;
+    QPushButton *boton_;
+    widgets::LynxGrid *grilla_;
+    std::unique_ptr<GrillaSink> sink_;
+    AccionesListas acciones_;
+};
+
+} // namespace vendrix::screens
