@@ -1,10 +1,12 @@
 #include "screens/frm_main.h"
 
 #include "catalogue/detalle_teclas.h"
+#include "catalogue/search_articulos.h"
 #include "core/context.h"
 #include "core/holiday_logo.h"
 #include "core/shutdown.h"
 #include "core/status_indicators.h"
+#include "sales/carritos.h"
 #include "screens/config_precios.h"
 #include "screens/frm_log.h"
 #include "screens/pagina_configuracion.h"
@@ -12,6 +14,7 @@
 #include "screens/panel_articulo.h"
 #include "screens/screen_images.h"
 #include "screens/tab_changos.h"
+#include "screens/tab_listas.h"
 #include "widgets/lynx_grid.h"
 
 #include <QApplication>
@@ -20,6 +23,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -134,25 +138,23 @@ void FrmMain::crear_pestanas()
 // with the search grid and the article panel side by side.
 QWidget *FrmMain::crear_pestana_listas()
 {
-    auto *grilla = new widgets::LynxGrid;
-    grilla->setObjectName(QStringLiteral("DataGridViewListas"));
-    grilla->setOperator(&ctx_.op());
-    for (const auto &[titulo, ancho] :
-         {std::pair{"ID", 0}, std::pair{"Proveedor", 2200}, std::pair{"Rubro", 1800},
-          std::pair{"Descripción", 5600}, std::pair{"Moneda", 1000}, std::pair{"Marca", 1600},
-          std::pair{"Precio", 1200}}) {
-        widgets::ColumnSpec spec{.heading = QString::fromUtf8(titulo), .width = ancho};
-        spec.visible = ancho > 0;
-        spec.locked = true;
-        grilla->AddColumn(spec);
-    }
-    listas_ = new screens::PaginaListas(ctx_, reglas_, grilla, grilla);
+    busqueda_ = new screens::TabListas(ctx_);
+    listas_ = new screens::PaginaListas(ctx_, reglas_, busqueda_, busqueda_->grilla());
     auto *page = new QWidget;
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
     carritos_ = new screens::TabChangos(ctx_, listas_, page);
     layout->addWidget(carritos_);
     listas_->conectar_carritos(carritos_);
+
+    // The search around the grid: the panel is emptied first; a single
+    // result (a scanned code, say) goes to the first cart when the shop
+    // asked for it. Selecting the first row loads the panel.
+    AccionesListas acciones;
+    acciones.limpiar_detalle = [this] { listas_->panel()->limpiar_detalle(); };
+    acciones.carritos_marcados = [this] { return cuatro_carritos(ctx_); };
+    acciones.agregar_al_carrito = [this](const FilaGrilla &) { return listas_->agregar_automaticamente(); };
+    busqueda_->setAcciones(std::move(acciones));
     return page;
 }
 
@@ -212,6 +214,8 @@ void FrmMain::cargar_pestanas()
     carritos_->mostrar_nombres();
     carritos_->aplicar_carritos();
     log("Carritos de Compra inicializados");
+    // The lists grid starts empty, waiting for the first search.
+    busqueda_->grilla()->Clear();
     log("TAB Novedades inicializado");
     configuracion_->inicializar();
     log("TAB Configuración inicializado");
@@ -338,7 +342,8 @@ bool FrmMain::tecla_de_ventana(int key)
 
 void FrmMain::enfocar_busqueda()
 {
-    listas_->busqueda()->setFocus();
+    busqueda_->textoBuscar()->setFocus();
+    busqueda_->textoBuscar()->selectAll();
 }
 
 } // namespace vendrix

@@ -19,6 +19,7 @@ namespace screens {
 class PaginaConfiguracion;
 class PaginaListas;
 class TabChangos;
+class TabListas;
 } // namespace screens
 
 // The main window: the logo, one tab per area of the shop and the status bar
@@ -67,6 +68,7 @@ public:
     // The lists tab: the cart strip, whose tab 0 is the price list page.
     screens::TabChangos *carritos() const { return carritos_; }
     screens::PaginaListas *pagina_listas() const { return listas_; }
+    screens::TabListas *busqueda() const { return busqueda_; }
     screens::PaginaConfiguracion *pagina_configuracion() const { return configuracion_; }
     // The picture a status bar panel (1 to 5) shows, as an image list index;
     // 0 when none.
@@ -92,6 +94,7 @@ private:
     // article panel prices with them.
     ReglasTienda reglas_;
     QTabWidget *tabs_;
+    screens::TabListas *busqueda_ = nullptr;
     screens::PaginaListas *listas_ = nullptr;
     screens::TabChangos *carritos_ = nullptr;
     screens::PaginaConfiguracion *configuracion_ = nullptr;

@@ -1,10 +1,13 @@
 // The cart strip, a cart's page and the add-article dialog driven through
 // their real widgets, offscreen.
+#include "catalogue/reglas_tienda.h"
 #include "sales/agregar_articulo.h"
 #include "sales/tienda.h"
 #include "screens/carrito_tab.h"
 #include "screens/frm_agregar_articulo.h"
+#include "screens/panel_articulo.h"
 #include "screens/tab_changos.h"
+#include "screens/tab_listas.h"
 #include "widgets/lynx_grid.h"
 
 #include <QApplication>
@@ -78,7 +81,20 @@ TEST_F(Pantalla, AddToCartTwoThroughTheDialogEditAQuantityAndSeeTheTotal)
         EXPECT_EQ(control<QLineEdit>(d, "Text_cantxprecio")->text(), "600,00 c/u");
         control<QPushButton>(d, "Command1")->click();
     });
-    tabs->agregar_desde_lista(2, tornillo());
+    // The article as the operator finds it: searched, its row loaded into
+    // the price panel.
+    ReglasTienda reglas;
+    PanelArticulo panel(app.ctx(), reglas);
+    TabListas lista(app.ctx());
+    QTest::keyClicks(lista.textoBuscar(), QStringLiteral("1/4"));
+    QTest::keyClick(lista.textoBuscar(), Qt::Key_Return);
+    const widgets::LynxGrid &fila = *lista.grilla();
+    ASSERT_EQ(fila.Rows(), 1);
+    panel.cargar_fila(fila.CellText(0, 0), fila.CellText(0, 1));
+    const std::optional<ArticuloParaCarrito> datos =
+        leer_articulo_para_carrito(app.ctx(), 1, fila.CellText(0, 2), panel.detalle().panel);
+    ASSERT_TRUE(datos.has_value());
+    tabs->agregar_desde_lista(2, *datos);
 
     EXPECT_EQ(tabs->currentIndex(), 2);
     widgets::LynxGrid &g = grilla(2);

@@ -9,6 +9,7 @@
 #include "screens/pagina_listas.h"
 #include "screens/panel_articulo.h"
 #include "screens/tab_changos.h"
+#include "screens/tab_listas.h"
 #include "widgets/lynx_grid.h"
 
 #include <QApplication>
@@ -30,8 +31,9 @@ protected:
         ajuste("carritos", "1");
         ajuste("nombre_carrito_2", "Mostrador");
         // The panel prices with the shop's rules, read before any article.
-        test::ejecutar_en_archivo(app.ruta(QStringLiteral("Vendrix.vdrxdb")),
-                                  {QStringLiteral("INSERT INTO xls_proveedores (Proveedor) VALUES ('Acme')")});
+        test::ejecutar_en_archivo(
+            app.ruta(QStringLiteral("Vendrix.vdrxdb")),
+            {QStringLiteral("INSERT INTO xls_proveedores (Proveedor) VALUES ('Acme')")});
         regla("Acme", "0", "50");
         window = std::make_unique<FrmMain>(app.ctx());
         window->cargar();
@@ -40,13 +42,13 @@ protected:
 
     widgets::LynxGrid &lista() { return *window->pagina_listas()->grilla(); }
 
-    // The rows a search for "tornillo" shows.
-    void mostrar_tornillos()
+    // Types a search and presses Enter, as the operator does.
+    void buscar(const char *texto)
     {
-        lista().Clear();
-        lista().AddItem(QStringLiteral("1\tAcme\tTornillos\tTornillo 1/4\tPesos\t\t600,00"));
-        lista().AddItem(QStringLiteral("2\tAcme\tTornillos\tTornillo 3/8\tPesos\t\t1000,00"));
-        lista().AddItem(QStringLiteral("...VENDRIX...\t...VENDRIX...\t...\tVer más\t...\t...\t..."));
+        QLineEdit *caja = window->busqueda()->textoBuscar();
+        caja->clear();
+        QTest::keyClicks(caja, QString::fromUtf8(texto));
+        QTest::keyClick(caja, Qt::Key_Return);
     }
 
     QPushButton *boton(const char *nombre)
@@ -77,16 +79,25 @@ TEST_F(MainConLista, LoadsInOrderAndFillsTheRulesBeforeAnyArticle)
     EXPECT_EQ(boton("Command_add_carrito1")->text(), "Agregar a Carrito 1");
 }
 
-TEST_F(MainConLista, ARowShowsItsPriceAndGoesToCartTwoThroughTheDialog)
+TEST_F(MainConLista, ASearchShowsThePriceAndTheArticleGoesToCartTwoThroughTheDialog)
 {
-    mostrar_tornillos();
-    lista().setRow(1);
+    ajuste("busqueda_cantidad_resultados", "1");
+    ajuste("busqueda_cantidad_resultados_combo", "1");
     PanelArticulo &panel = *window->pagina_listas()->panel();
+    const QLabel *precio = panel.findChild<QLabel *>(QStringLiteral("lPrecioSolo"));
+    buscar("3/8");
+    ASSERT_EQ(lista().Rows(), 1);
     EXPECT_EQ(panel.detalle().id, 2);
-    EXPECT_EQ(panel.findChild<QLabel *>(QStringLiteral("lPrecioSolo"))->text(), "$ 1500,00");
-    // The marker row loads nothing.
-    lista().setRow(2);
-    EXPECT_EQ(panel.detalle().id, 2);
+    EXPECT_EQ(precio->text(), "$ 1500,00");
+
+    // One article and the marker row; the marker row loads nothing.
+    buscar("tornillo");
+    ASSERT_EQ(lista().Rows(), 2);
+    EXPECT_EQ(panel.detalle().id, 1);
+    lista().setRow(1);
+    EXPECT_EQ(panel.detalle().id, 1);
+    Q_EMIT lista().DblClick();
+    EXPECT_EQ(window->carritos()->pagina(1)->grilla()->Rows(), 0);
 
     lista().setRow(0);
     EXPECT_EQ(panel.findChild<QLabel *>(QStringLiteral("lPrecioSolo"))->text(), "$ 900,00");
@@ -112,7 +123,7 @@ TEST_F(MainConLista, ARowShowsItsPriceAndGoesToCartTwoThroughTheDialog)
     // A double click adds one more at the panel's figures to the cart
     // last shown; the list stays in front.
     tabs.setCurrentIndex(0);
-    lista().setRow(1);
+    buscar("3/8");
     Q_EMIT lista().DblClick();
     ASSERT_EQ(carrito.Rows(), 2);
     EXPECT_EQ(carrito.CellText(1, 1), "Tornillo 3/8");
@@ -145,8 +156,7 @@ TEST_F(MainConLista, FunctionKeysChooseTheCartsAndOneCartHidesTheRest)
     EXPECT_FALSE(boton("Command_add_carritoUnico")->isHidden());
     EXPECT_EQ(boton("Command_add_carritoUnico")->text(), "Agregar a Carrito 1");
     // A double click adds nothing with one cart.
-    mostrar_tornillos();
-    lista().setRow(0);
+    buscar("1/4");
     Q_EMIT lista().DblClick();
     EXPECT_EQ(tabs.pagina(1)->grilla()->Rows(), 0);
 }

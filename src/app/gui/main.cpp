@@ -2,6 +2,7 @@
 // runs the start-up behind the splash screen and then opens the main window
 // on the application folder, the executable's own unless --carpeta names
 // another. A `.vdrxdb` file (a double-clicked price list) is imported first.
+#include "catalogue/search_arranque.h"
 #include "core/context.h"
 #include "core/single_instance.h"
 #include "core/startup.h"
@@ -51,6 +52,11 @@ int main(int argc, char **argv)
     const ResultadoArranque result = ejecutar_arranque(ctx, splash, instancia, options);
     if (!result.continuar)
         return 0;
+
+    // A price file that arrived without the search index gets it now, while
+    // the splash is still on screen.
+    ctx.escribir_log(QStringLiteral("Verifica el índice de búsqueda de las listas"), QStringLiteral("I"));
+    preparar_indice_busqueda(ctx);
 
     FrmMain main_window(ctx);
     main_window.setWindowTitle(result.titulo);
