@@ -24,6 +24,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
+#include <QScrollArea>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -84,24 +86,35 @@ FrmMain::FrmMain(Context &ctx, QWidget *parent) : QMainWindow(parent), ctx_(ctx)
 
     auto *central = new QWidget(this);
     auto *layout = new QVBoxLayout(central);
-    auto *header = new QHBoxLayout;
-    for (int i = 0; i < static_cast<int>(logos_.size()); ++i) {
-        logos_[i] = new QLabel(central);
-        logos_[i]->setObjectName(QStringLiteral("Picture1_%1").arg(i));
-        logos_[i]->setPixmap(imagen_logo(i));
-        logos_[i]->setVisible(i == kLogoNormal);
-        header->addWidget(logos_[i]);
-    }
-    header->addStretch();
-    layout->addLayout(header);
-
     tabs_ = new QTabWidget(central);
     tabs_->setObjectName(QStringLiteral("SSTab1"));
     layout->addWidget(tabs_, 1);
+
+    // The logo sits small at the end of the tab strip: the height of the
+    // window goes to the price list.
+    auto *header = new QWidget(tabs_);
+    auto *logos = new QHBoxLayout(header);
+    logos->setContentsMargins(0, 0, 4, 2);
+    for (int i = 0; i < static_cast<int>(logos_.size()); ++i) {
+        const QPixmap imagen = imagen_logo(i);
+        logos_[i] = new QLabel(header);
+        logos_[i]->setObjectName(QStringLiteral("Picture1_%1").arg(i));
+        logos_[i]->setPixmap(imagen);
+        logos_[i]->setScaledContents(true);
+        logos_[i]->setFixedSize(imagen.size().scaled(400, 26, Qt::KeepAspectRatio));
+        logos_[i]->setVisible(i == kLogoNormal);
+        logos->addWidget(logos_[i]);
+    }
+    tabs_->setCornerWidget(header, Qt::TopRightCorner);
     setCentralWidget(central);
     crear_pestanas();
     crear_barra_de_estado();
-    resize(1280, 760);
+    // Large enough for the list and the panel side by side, never larger
+    // than the screen.
+    QSize size(1280, 760);
+    if (const QScreen *pantalla = QGuiApplication::primaryScreen())
+        size = size.boundedTo(pantalla->availableGeometry().size() - QSize(16, 40));
+    resize(size);
     qApp->installEventFilter(this);
 }
 
@@ -121,7 +134,12 @@ void FrmMain::crear_pestanas()
             page = crear_pestana_listas();
         } else if (i == kTabConfiguracion) {
             configuracion_ = new screens::PaginaConfiguracion(ctx_, reglas_);
-            page = configuracion_;
+            // Scrolled, so the wide rules grid never widens the window.
+            auto *scroll = new QScrollArea;
+            scroll->setWidget(configuracion_);
+            scroll->setWidgetResizable(true);
+            scroll->setFrameShape(QFrame::NoFrame);
+            page = scroll;
         } else {
             page = pagina_de_texto(datos.texto ? QString::fromUtf8(datos.texto) : later);
         }
@@ -192,6 +210,8 @@ void FrmMain::cargar()
         // The indicators: there is no connection test yet, so the program
         // counts as offline; the printer lights when the shop uses one.
         actualizar_indicador(QStringLiteral("internet_off"));
+        // The counter starts by searching.
+        enfocar_busqueda();
         if (ctx_.leer_parametro(QStringLiteral("impresora_fiscal")) == QLatin1String("1"))
             actualizar_indicador(QStringLiteral("impresora_on"));
     } catch (const std::exception &e) {

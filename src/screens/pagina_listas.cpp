@@ -10,6 +10,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QSplitter>
 #include <QTableView>
@@ -24,6 +25,7 @@ const QString kMarcador = QStringLiteral("...VENDRIX...");
 constexpr int kColumnaId = 0;
 constexpr int kColumnaProveedor = 1;
 constexpr int kColumnaGrupo = 2;
+constexpr int kColumnaDescripcion = 3;
 
 bool es_fila_de_articulo(const widgets::LynxGrid &grilla, int row)
 {
@@ -37,7 +39,7 @@ QPushButton *boton_agregar(QWidget *parent, const QString &nombre, const QString
     b->setObjectName(nombre);
     b->setShortcut(QKeySequence(atajo));
     b->setToolTip(atajo);
-    b->setMinimumHeight(36);
+    b->setMinimumHeight(32);
     QFont f = b->font();
     f.setBold(true);
     b->setFont(f);
@@ -78,7 +80,11 @@ PaginaListas::PaginaListas(Context &ctx, ReglasTienda &reglas, QWidget *busqueda
     splitter->addWidget(derecha);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
+    splitter->setSizes({600, 400});
     splitter->setChildrenCollapsible(false);
+    // The description takes the width the other columns leave, so the
+    // price column stays in sight without scrolling sideways.
+    grilla_->view()->horizontalHeader()->setSectionResizeMode(kColumnaDescripcion, QHeaderView::Stretch);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(splitter);
