@@ -4,6 +4,7 @@
 #include "sales/tienda.h"
 #include "screens/carrito_tab.h"
 #include "screens/frm_agregar_articulo.h"
+#include "screens/frm_agregar_udem.h"
 #include "screens/frm_main.h"
 #include "screens/pagina_configuracion.h"
 #include "screens/pagina_listas.h"
@@ -159,6 +160,47 @@ TEST_F(MainConLista, FunctionKeysChooseTheCartsAndOneCartHidesTheRest)
     buscar("1/4");
     Q_EMIT lista().DblClick();
     EXPECT_EQ(tabs.pagina(1)->grilla()->Rows(), 0);
+}
+
+TEST_F(MainConLista, AScannedCodeGoesStraightToTheFirstCartWhenTheShopAskedForIt)
+{
+    buscar("T2");
+    ASSERT_EQ(lista().Rows(), 1);
+    EXPECT_EQ(window->carritos()->pagina(1)->grilla()->Rows(), 0);
+
+    ajuste("busqueda_agregar_automaticamente", "1");
+    buscar("T2");
+    TabChangos &tabs = *window->carritos();
+    EXPECT_EQ(tabs.currentIndex(), 1);
+    const widgets::LynxGrid &carrito = *tabs.pagina(1)->grilla();
+    ASSERT_EQ(carrito.Rows(), 1);
+    EXPECT_EQ(carrito.CellText(0, 1), "Tornillo 3/8");
+    EXPECT_EQ(tabs.pagina(1)->caja_total()->text(), "1500,00");
+    // Two results: nothing is added.
+    tabs.setCurrentIndex(0);
+    buscar("tornillo");
+    EXPECT_EQ(carrito.Rows(), 1);
+    EXPECT_EQ(tabs.currentIndex(), 0);
+}
+
+TEST_F(MainConLista, TheUnitsButtonStoresTheUnitsAndReloadsThePanel)
+{
+    buscar("1/4");
+    PanelArticulo &panel = *window->pagina_listas()->panel();
+    const QLabel *unidades = panel.findChild<QLabel *>(QStringLiteral("Label_PListacustomBig"));
+    EXPECT_EQ(unidades->text(), "");
+    QTimer::singleShot(0, [] {
+        auto *dialogo = qobject_cast<FrmAgregarUdeM *>(QApplication::activeModalWidget());
+        ASSERT_NE(dialogo, nullptr);
+        auto *caja = dialogo->findChild<QLineEdit *>(QStringLiteral("cant_unidades"));
+        caja->selectAll();
+        QTest::keyClicks(caja, QStringLiteral("6"));
+        dialogo->findChild<QPushButton *>(QStringLiteral("Command1"))->click();
+    });
+    panel.findChild<QPushButton *>(QStringLiteral("Command_unudaddemedida"))->click();
+
+    EXPECT_EQ(unidades_guardadas(), QStringList{"Acme|T1|6"});
+    EXPECT_EQ(unidades->text(), "Precio unitario en base a 6 unidades");
 }
 
 } // namespace
