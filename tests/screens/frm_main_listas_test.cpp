@@ -3,8 +3,6 @@
 // the add-article dialog, the function keys and the one-cart layout.
 #include "sales/tienda.h"
 #include "screens/carrito_tab.h"
-#include "screens/frm_agregar_articulo.h"
-#include "screens/frm_agregar_udem.h"
 #include "screens/frm_main.h"
 #include "screens/pagina_configuracion.h"
 #include "screens/pagina_listas.h"
@@ -50,6 +48,21 @@ protected:
         caja->clear();
         QTest::keyClicks(caja, QString::fromUtf8(texto));
         QTest::keyClick(caja, Qt::Key_Return);
+    }
+
+    // Once the next modal dialog is on screen: types `texto` into its box
+    // `caja` and accepts it.
+    static void aceptar_dialogo(const char *caja, const char *texto)
+    {
+        QTimer::singleShot(0, [caja, texto] {
+            QWidget *dialogo = QApplication::activeModalWidget();
+            ASSERT_NE(dialogo, nullptr);
+            auto *box = dialogo->findChild<QLineEdit *>(QString::fromUtf8(caja));
+            ASSERT_NE(box, nullptr) << caja;
+            box->selectAll();
+            QTest::keyClicks(box, QString::fromUtf8(texto));
+            dialogo->findChild<QPushButton *>(QStringLiteral("Command1"))->click();
+        });
     }
 
     QPushButton *boton(const char *nombre)
@@ -102,14 +115,7 @@ TEST_F(MainConLista, ASearchShowsThePriceAndTheArticleGoesToCartTwoThroughTheDia
 
     lista().setRow(0);
     EXPECT_EQ(panel.findChild<QLabel *>(QStringLiteral("lPrecioSolo"))->text(), "$ 900,00");
-    QTimer::singleShot(0, [] {
-        auto *dialogo = qobject_cast<FrmAgregarArticulo *>(QApplication::activeModalWidget());
-        ASSERT_NE(dialogo, nullptr);
-        auto *cantidad = dialogo->findChild<QLineEdit *>(QStringLiteral("cant_agregar"));
-        cantidad->selectAll();
-        QTest::keyClicks(cantidad, QStringLiteral("3"));
-        dialogo->findChild<QPushButton *>(QStringLiteral("Command1"))->click();
-    });
+    aceptar_dialogo("cant_agregar", "3");
     boton("Command_add_carrito2")->click();
 
     TabChangos &tabs = *window->carritos();
@@ -189,14 +195,7 @@ TEST_F(MainConLista, TheUnitsButtonStoresTheUnitsAndReloadsThePanel)
     PanelArticulo &panel = *window->pagina_listas()->panel();
     const QLabel *unidades = panel.findChild<QLabel *>(QStringLiteral("Label_PListacustomBig"));
     EXPECT_EQ(unidades->text(), "");
-    QTimer::singleShot(0, [] {
-        auto *dialogo = qobject_cast<FrmAgregarUdeM *>(QApplication::activeModalWidget());
-        ASSERT_NE(dialogo, nullptr);
-        auto *caja = dialogo->findChild<QLineEdit *>(QStringLiteral("cant_unidades"));
-        caja->selectAll();
-        QTest::keyClicks(caja, QStringLiteral("6"));
-        dialogo->findChild<QPushButton *>(QStringLiteral("Command1"))->click();
-    });
+    aceptar_dialogo("cant_unidades", "6");
     panel.findChild<QPushButton *>(QStringLiteral("Command_unudaddemedida"))->click();
 
     EXPECT_EQ(unidades_guardadas(), QStringList{"Acme|T1|6"});
