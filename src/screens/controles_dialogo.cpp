@@ -3,6 +3,7 @@
 #include "core/numeric.h"
 #include "core/validators.h"
 #include "sales/articulo_carrito.h"
+#include "screens/filtro_teclas.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -19,41 +20,6 @@
 
 namespace vendrix::screens {
 
-namespace {
-
-constexpr int kPrimerImprimible = 32;
-constexpr int kSuprimir = 127;
-
-// Runs every typed character of a box through the number filter.
-class FiltroNumero : public QObject {
-public:
-    using QObject::QObject;
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        auto *box = qobject_cast<QLineEdit *>(watched);
-        if (!box || event->type() != QEvent::KeyPress)
-            return false;
-        const auto *key = static_cast<QKeyEvent *>(event);
-        const QString text = key->text();
-        if (text.isEmpty())
-            return false;
-        const int typed = text.at(0).unicode();
-        if ((typed < kPrimerImprimible && typed != tecla::kBorrar) || typed == kSuprimir)
-            return false;
-        const int filtered =
-            filtrar_tecla_real(box->text(), typed, key->modifiers().testFlag(Qt::KeypadModifier));
-        if (filtered == typed)
-            return false;
-        if (filtered != 0)
-            box->insert(QString(QChar(filtered)));
-        return true;
-    }
-};
-
-} // namespace
-
 int filtrar_tecla_real(const QString &texto, int key, bool teclado_numerico)
 {
     if (teclado_numerico && key == '.')
@@ -64,7 +30,7 @@ int filtrar_tecla_real(const QString &texto, int key, bool teclado_numerico)
 
 void filtrar_numero_real(QLineEdit *box)
 {
-    box->installEventFilter(new FiltroNumero(box));
+    instalar_filtro_numero(box, QStringLiteral("real"));
 }
 
 QLineEdit *caja_de_lectura(QWidget *parent, const QString &nombre)

@@ -1,5 +1,6 @@
 #include "screens/filtro_teclas.h"
 
+#include "core/numeric.h"
 #include "core/validators.h"
 
 #include <QApplication>
@@ -29,12 +30,22 @@ protected:
         if (text.size() != 1 || text.at(0).unicode() < 0x20 ||
             (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
             return false;
-        int code = text.at(0).unicode();
+        const int typed = text.at(0).unicode();
+        int code = typed;
+        // The keypad's point is the screen's decimal mark, so numbers can be
+        // typed on the keypad alone.
+        if (code == '.' && key->modifiers().testFlag(Qt::KeypadModifier))
+            code = kSeparadorDecimal.unicode();
         const bool refused = formula_ ? filtro_tecla_formula(box_->text(), code, kind_)
                                       : filtro_tecla_numero(box_->text(), code, kind_);
-        if (refused)
+        if (refused) {
             QApplication::beep();
-        return refused;
+            return true;
+        }
+        if (code == typed)
+            return false;
+        box_->insert(QString(QChar(code)));
+        return true;
     }
 
 private:
