@@ -168,4 +168,17 @@ ResultadoAgregar agregar_con_figuras_del_panel(Context &ctx, Carritos &carritos,
     return dialogo.agregar();
 }
 
+ResultadoAgregar agregar_automaticamente(Context &ctx, Carritos &carritos,
+                                         const ArticuloParaCarrito &articulo)
+{
+    if (ctx.leer_parametro(QStringLiteral("busqueda_agregar_automaticamente")) != QLatin1String("1") ||
+        !cuatro_carritos(ctx))
+        return {};
+    ResultadoAgregar resultado = agregar_con_figuras_del_panel(ctx, carritos, 1, articulo);
+    if (resultado.agregado)
+        ctx.escribir_log(QStringLiteral("Se agregó un artículo de la grilla automáticamente al carrito"),
+                         QStringLiteral("A"));
+    return resultado;
+}
+
 } // namespace vendrix

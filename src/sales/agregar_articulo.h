@@ -75,4 +75,10 @@ private:
 ResultadoAgregar agregar_con_figuras_del_panel(Context &ctx, Carritos &carritos, int carrito,
                                                const ArticuloParaCarrito &articulo);
 
+// The search's single result (or a scanned code) goes to the first cart,
+// when the shop asked for it (`busqueda_agregar_automaticamente` 1) and
+// works with four carts; the add is logged. Nothing happens otherwise.
+ResultadoAgregar agregar_automaticamente(Context &ctx, Carritos &carritos,
+                                         const ArticuloParaCarrito &articulo);
+
 } // namespace vendrix

@@ -95,13 +95,10 @@ bool TabChangos::agregar_con_doble_clic(const ArticuloParaCarrito &articulo)
 
 bool TabChangos::agregar_automaticamente(const ArticuloParaCarrito &articulo)
 {
-    if (ctx_.leer_parametro(QStringLiteral("busqueda_agregar_automaticamente")) != QLatin1String("1") ||
-        !cuatro_carritos(ctx_))
+    if (!vendrix::agregar_automaticamente(ctx_, carritos_, articulo).agregado)
         return false;
-    if (!agregar_sin_dialogo(1, articulo, true))
-        return false;
-    ctx_.escribir_log(QStringLiteral("Se agregó un artículo de la grilla automáticamente al carrito"),
-                      QStringLiteral("A"));
+    pagina(1)->mostrar();
+    setCurrentIndex(1);
     return true;
 }
 

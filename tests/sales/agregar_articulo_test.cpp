@@ -296,6 +296,20 @@ TEST_F(Agregar, WithoutTheDialogOneUnitAtThePanelFigures)
     EXPECT_TRUE(log_de("ACT").isEmpty());
 }
 
+TEST_F(Agregar, TheSearchAddsItsSingleResultOnlyWhenTheShopAskedForIt)
+{
+    ajuste("carritos", "1");
+    EXPECT_FALSE(agregar_automaticamente(app.ctx(), carritos, tornillo()).agregado);
+    ajuste("busqueda_agregar_automaticamente", "1");
+    ajuste("carritos", "0");
+    EXPECT_FALSE(agregar_automaticamente(app.ctx(), carritos, tornillo()).agregado);
+    EXPECT_EQ(carritos.carrito(1).filas(), 0);
+    ajuste("carritos", "1");
+    EXPECT_TRUE(agregar_automaticamente(app.ctx(), carritos, tornillo()).agregado);
+    EXPECT_EQ(carritos.carrito(1).filas(), 1);
+    EXPECT_EQ(log_de("ACT"), QStringList{"Se agregó un artículo de la grilla automáticamente al carrito"});
+}
+
 TEST_F(Agregar, TheArticleIsReadFromTheListWithThePanelFigures)
 {
     test::ejecutar_en_archivo(
