@@ -6,13 +6,13 @@
 // reduced rate, zero prices); the shop's rules are made up over its suppliers
 // and groups: a list row each, group rows, single-article rows, some cells
 // empty; one article in twenty is sold by units.
-#include "catalogue/formula.h"
-#include "catalogue/lista_demo.h"
-#include "catalogue/price_by_id.h"
-#include "catalogue/price_panel.h"
-#include "catalogue/price_settings.h"
-#include "catalogue/rounding.h"
-#include "catalogue/rules.h"
+#include "catalogue/pricelist/demo/demo_lists.h"
+#include "catalogue/pricing/formula.h"
+#include "catalogue/pricing/price_by_id.h"
+#include "catalogue/pricing/price_panel.h"
+#include "catalogue/pricing/price_settings.h"
+#include "catalogue/pricing/rounding.h"
+#include "catalogue/pricing/rules.h"
 
 #include <benchmark/benchmark.h>
 
@@ -26,24 +26,24 @@ namespace {
 using namespace vendrix;
 
 struct Lista {
-    std::vector<ArticuloPrecio> articulos;
+    std::vector<PricedArticle> articulos;
     std::vector<std::optional<double>> unidades;
-    TablaReglas reglas;
+    RuleTable reglas;
 };
 
 const Lista &lista()
 {
     static const Lista kLista = [] {
-        const ListasDemo demo = generar_listas_demo(kArticulosDemo, kSemillaDemo);
+        const DemoLists demo = generar_listas_demo(kArticulosDemo, kSemillaDemo);
         // The file holds the new lists and the former lists of the suppliers
         // that sent none.
-        std::vector<const ListaProveedor *> listas;
+        std::vector<const SupplierList *> listas;
         QSet<QString> con_lista_nueva;
-        for (const ListaProveedor &l : demo.nuevas) {
+        for (const SupplierList &l : demo.nuevas) {
             listas.push_back(&l);
             con_lista_nueva.insert(l.proveedor);
         }
-        for (const ListaProveedor &l : demo.anterior.listas) {
+        for (const SupplierList &l : demo.anterior.listas) {
             if (!con_lista_nueva.contains(l.proveedor))
                 listas.push_back(&l);
         }
@@ -56,13 +56,13 @@ const Lista &lista()
         const QString kTodos = QStringLiteral("Todos los articulos del grupo");
 
         Lista out;
-        std::vector<FilaRegla> filas;
+        std::vector<RuleRow> filas;
         qint64 id = 0;
-        for (const ListaProveedor *l : listas) {
+        for (const SupplierList *l : listas) {
             filas.push_back({l->proveedor, QStringLiteral("General para la lista"), kTodos,
                              formula(descuentos), formula(ganancias)});
             QSet<QString> grupos;
-            for (const ArticuloLista &a : l->articulos) {
+            for (const ListArticle &a : l->articulos) {
                 if (!grupos.contains(a.grupo)) {
                     grupos.insert(a.grupo);
                     if (azar(4) == 0)
@@ -77,13 +77,13 @@ const Lista &lista()
                 out.unidades.push_back(azar(20) == 0 ? std::optional<double>(6 + azar(20)) : std::nullopt);
             }
         }
-        out.reglas = TablaReglas(std::move(filas));
+        out.reglas = RuleTable(std::move(filas));
         return out;
     }();
     return kLista;
 }
 
-AjustesPrecio ajustes()
+PriceSettings ajustes()
 {
     return {QStringLiteral("21"),
             QStringLiteral("350,5"),
@@ -96,13 +96,13 @@ AjustesPrecio ajustes()
 void BM_PanelDeTodaLaLista(benchmark::State &state)
 {
     const Lista &l = lista();
-    const AjustesPrecio a = ajustes();
+    const PriceSettings a = ajustes();
     for (auto _ : state) {
         size_t mensajes = 0;
         for (size_t i = 0; i < l.articulos.size(); ++i) {
-            const PanelPrecio panel = cargar_panel(l.articulos[i], l.unidades[i], l.reglas, a);
+            const PricePanel panel = cargar_panel(l.articulos[i], l.unidades[i], l.reglas, a);
             mensajes += panel.mensajes.size();
-            benchmark::DoNotOptimize(panel[CampoPanel::lPrecioSolotarjeta].text.size());
+            benchmark::DoNotOptimize(panel[PanelField::lPrecioSolotarjeta].text.size());
         }
         benchmark::DoNotOptimize(mensajes);
     }
@@ -114,10 +114,10 @@ BENCHMARK(BM_PanelDeTodaLaLista)->Unit(benchmark::kMillisecond);
 void BM_PrecioFinalDeTodaLaLista(benchmark::State &state)
 {
     const Lista &l = lista();
-    const AjustesPrecio a = ajustes();
+    const PriceSettings a = ajustes();
     for (auto _ : state) {
         double total = 0;
-        for (const ArticuloPrecio &art : l.articulos)
+        for (const PricedArticle &art : l.articulos)
             total += precio_final(art, l.reglas, a);
         benchmark::DoNotOptimize(total);
     }
@@ -127,7 +127,7 @@ BENCHMARK(BM_PrecioFinalDeTodaLaLista)->Unit(benchmark::kMillisecond);
 
 void BM_RedondearPrecio(benchmark::State &state)
 {
-    const Redondeo redondeo(ajustes().redondeo);
+    const Rounder redondeo(ajustes().redondeo);
     double precio = 1344.915;
     for (auto _ : state) {
         benchmark::DoNotOptimize(redondeo.aplicar(precio));

@@ -22,9 +22,9 @@
 //   30 MB at the end (SQLite's page cache of the price connection is 16 MB).
 // The scan uses SQLite's own LIKE, which ignores the case of A-Z only: it
 // finds fewer rows for texts with accents, and is the cheapest a scan gets.
-#include "catalogue/lista_builder.h"
-#include "catalogue/lista_demo.h"
-#include "catalogue/search_articulos.h"
+#include "catalogue/pricelist/build/price_file_builder.h"
+#include "catalogue/pricelist/demo/demo_lists.h"
+#include "catalogue/search/list_search.h"
 #include "core/context.h"
 #include "core/migrations.h"
 
@@ -71,11 +71,11 @@ private:
     bool callado_;
 };
 
-class Contador final : public GrillaSink {
+class Contador final : public GridSink {
 public:
     void limpiar() override { filas = 0; }
     void redibujar(bool) override {}
-    void agregar(const FilaGrilla &fila) override
+    void agregar(const ListGridRow &fila) override
     {
         benchmark::DoNotOptimize(fila.celdas.size());
         ++filas;
@@ -132,8 +132,8 @@ QString carpeta_demo()
     if (child == 0) {
         QDir(folder).removeRecursively();
         QDir().mkpath(folder);
-        const ListasDemo demo = generar_listas_demo(kArticulosDemo, kSemillaDemo);
-        const ResultadoConstruccion built = construir_lista({folder + QStringLiteral("/Vendrix.vdrxdb"),
+        const DemoLists demo = generar_listas_demo(kArticulosDemo, kSemillaDemo);
+        const BuildResult built = construir_lista({folder + QStringLiteral("/Vendrix.vdrxdb"),
                                                              QStringLiteral("Demo"),
                                                              QStringLiteral("1.0.0"),
                                                              QStringLiteral("2026-11-23"),

@@ -24,14 +24,19 @@ endfunction()
 
 # A test program made of every source file of one folder under tests/.
 # Usage: vendrix_tests(core LIBS vendrix_core); NO_GTEST_MAIN when the folder
-# has its own main (widget tests create a QApplication first).
+# has its own main (widget tests create a QApplication first); RECURSE to take
+# the subfolders' files too.
 function(vendrix_tests name)
-  cmake_parse_arguments(ARG "NO_GTEST_MAIN" "" "LIBS" ${ARGN})
+  cmake_parse_arguments(ARG "NO_GTEST_MAIN;RECURSE" "" "LIBS" ${ARGN})
   set(gtest_main GTest::gtest_main)
   if(ARG_NO_GTEST_MAIN)
     set(gtest_main "")
   endif()
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
+  set(glob GLOB)
+  if(ARG_RECURSE)
+    set(glob GLOB_RECURSE)
+  endif()
+  file(${glob} sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
        ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   add_executable(test_${name} ${sources})
   target_link_libraries(test_${name} PRIVATE ${ARG_LIBS} vendrix_test_support

@@ -1,7 +1,7 @@
 #include "sales/agregar_articulo.h"
 
-#include "catalogue/currency.h"
-#include "catalogue/rounding.h"
+#include "catalogue/pricing/currency.h"
+#include "catalogue/pricing/rounding.h"
 #include "core/context.h"
 #include "core/numeric.h"
 #include "sales/carritos.h"

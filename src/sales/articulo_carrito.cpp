@@ -1,7 +1,7 @@
 #include "sales/articulo_carrito.h"
 
-#include "catalogue/price_panel.h"
-#include "catalogue/rounding.h"
+#include "catalogue/pricing/price_panel.h"
+#include "catalogue/pricing/rounding.h"
 #include "core/context.h"
 #include "core/numeric.h"
 #include "sales/carrito.h"
@@ -25,9 +25,9 @@ void cargar_vista_articulo(Context &ctx, const ArticuloParaCarrito &articulo, Vi
     }
 }
 
-void tomar_figuras_del_panel(ArticuloParaCarrito &articulo, const PanelPrecio &panel)
+void tomar_figuras_del_panel(ArticuloParaCarrito &articulo, const PricePanel &panel)
 {
-    using C = CampoPanel;
+    using C = PanelField;
     articulo.precio_lista = panel[C::TextBox_PLista_original].text;
     articulo.ganancia = panel[C::TextBox_Ganancia].text;
     articulo.descuento = panel[C::TextBox_Descuento].text;
@@ -46,7 +46,7 @@ QString descripcion_para_carrito(const Context &ctx, const QString &grupo, const
 }
 
 std::optional<ArticuloParaCarrito> leer_articulo_para_carrito(Context &ctx, qint64 id, const QString &grupo,
-                                                              const PanelPrecio &panel)
+                                                              const PricePanel &panel)
 {
     const auto cursor = ctx.db().execQ(QStringLiteral("SELECT Proveedor, Grupo, Codigo, Descripcion, Marca, "
                                                       "UnidadDeMedida, Moneda FROM xls_listas WHERE ID = ?"),

@@ -7,8 +7,8 @@
 namespace vendrix {
 
 class Context;
-struct ArticuloPrecio;
-struct PanelPrecio;
+struct PricedArticle;
+struct PricePanel;
 
 // What the add-article and units dialogs read of the article selected in the
 // price list: the article as the list has it and the figures of the price
@@ -57,7 +57,7 @@ struct VistaArticulo {
 void cargar_vista_articulo(Context &ctx, const ArticuloParaCarrito &articulo, VistaArticulo &vista);
 
 // Copies the figures of a loaded price panel.
-void tomar_figuras_del_panel(ArticuloParaCarrito &articulo, const PanelPrecio &panel);
+void tomar_figuras_del_panel(ArticuloParaCarrito &articulo, const PricePanel &panel);
 
 // The description the dialogs and the cart show: the description alone when
 // `IF_desc_art` is "Descripción", else the group, a blank and the description.
@@ -67,7 +67,7 @@ QString descripcion_para_carrito(const Context &ctx, const QString &grupo, const
 // nullopt when the database failed or no article has that id. `grupo` is the
 // list row's group.
 std::optional<ArticuloParaCarrito> leer_articulo_para_carrito(Context &ctx, qint64 id, const QString &grupo,
-                                                              const PanelPrecio &panel);
+                                                              const PricePanel &panel);
 
 // Whether article `id` is the only one of its supplier with its code, as the
 // units dialog needs (an empty code counts: it is shared by the supplier's

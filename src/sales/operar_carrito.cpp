@@ -1,6 +1,6 @@
 #include "sales/operar_carrito.h"
 
-#include "catalogue/rounding.h"
+#include "catalogue/pricing/rounding.h"
 #include "core/context.h"
 #include "core/numeric.h"
 

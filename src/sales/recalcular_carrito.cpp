@@ -1,10 +1,10 @@
 #include "sales/recalcular_carrito.h"
 
-#include "catalogue/article.h"
-#include "catalogue/formula.h"
-#include "catalogue/price_by_id.h"
-#include "catalogue/rounding.h"
-#include "catalogue/rules.h"
+#include "catalogue/pricing/article_record.h"
+#include "catalogue/pricing/formula.h"
+#include "catalogue/pricing/price_by_id.h"
+#include "catalogue/pricing/rounding.h"
+#include "catalogue/pricing/rules.h"
 #include "core/context.h"
 #include "core/numeric.h"
 #include "sales/carrito.h"
@@ -159,14 +159,14 @@ Paso Recalculo::actualizar(qint64 id, double nuevo)
         return Paso::siguiente;
     }
 
-    const LecturaArticulo lectura = leer_articulo(ctx_, id);
+    const ArticleRead lectura = leer_articulo(ctx_, id);
     if (!lectura.ok)
         return Paso::fallo;
-    const ArticuloPrecio &a = lectura.articulo;
-    const std::optional<TablaReglas> reglas = leer_reglas_proveedor(ctx_, a.proveedor);
+    const PricedArticle &a = lectura.articulo;
+    const std::optional<RuleTable> reglas = leer_reglas_proveedor(ctx_, a.proveedor);
     if (!reglas)
         return Paso::fallo;
-    const ReglasArticulo formulas = reglas->reglas(a.proveedor, a.grupo, a.codigo);
+    const ArticleRules formulas = reglas->reglas(a.proveedor, a.grupo, a.codigo);
 
     carrito_.set_celda(fila_, kColPrecioUnitario, mostrado);
     carrito_.set_celda(fila_, kColImporte,

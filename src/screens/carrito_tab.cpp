@@ -20,13 +20,13 @@ namespace {
 using widgets::ColumnSpec;
 using widgets::ColumnType;
 
-struct Columna {
+struct CsvColumn {
     const char *titulo;
     int ancho;
 };
 
 // Widths in twips; cols 4 to 12 are kept from the operator's sight.
-constexpr Columna kColumnas[kColumnasCarrito] = {
+constexpr CsvColumn kColumnas[kColumnasCarrito] = {
     {"Cantidad", 1000},
     {"Artículo", 4000},
     {"Precio Unit. (C/iva)", 2000},
@@ -102,7 +102,7 @@ CarritoTab::CarritoTab(Context &ctx, Carrito &carrito, QWidget *parent)
 void CarritoTab::crear_columnas()
 {
     for (int col = 0; col < kColumnasCarrito; ++col) {
-        const Columna &c = kColumnas[col];
+        const CsvColumn &c = kColumnas[col];
         ColumnSpec spec{.heading = QString::fromUtf8(c.titulo), .width = c.ancho};
         spec.visible = col < kPrimeraOculta;
         spec.locked = !es_columna_editable(col);

@@ -1,6 +1,6 @@
 #include "screens/config_precios.h"
 
-#include "catalogue/settings_boxes.h"
+#include "catalogue/pricing/settings_boxes.h"
 #include "core/context.h"
 #include "screens/filtro_teclas.h"
 
@@ -122,7 +122,7 @@ void ConfigPrecios::caja_editada(QLineEdit *box, const QString &clave)
     }
 }
 
-void ConfigPrecios::mostrar_redondeo(const EstadoRedondeo &estado)
+void ConfigPrecios::mostrar_redondeo(const RoundingState &estado)
 {
     elegir(digitos_, estado.digitos);
     elegir(modo_, estado.modo);

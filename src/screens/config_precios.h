@@ -8,7 +8,7 @@ class QLineEdit;
 
 namespace vendrix {
 class Context;
-struct EstadoRedondeo;
+struct RoundingState;
 } // namespace vendrix
 
 namespace vendrix {
@@ -35,7 +35,7 @@ Q_SIGNALS:
 
 private:
     void caja_editada(QLineEdit *box, const QString &clave);
-    void mostrar_redondeo(const EstadoRedondeo &estado);
+    void mostrar_redondeo(const RoundingState &estado);
 
     Context &ctx_;
     QLineEdit *iva_;

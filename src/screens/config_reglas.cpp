@@ -1,8 +1,8 @@
 #include "screens/config_reglas.h"
 
-#include "catalogue/reglas_combos.h"
-#include "catalogue/reglas_edicion.h"
-#include "catalogue/reglas_tienda.h"
+#include "catalogue/pricing/supplier_rules/rule_combos.h"
+#include "catalogue/pricing/supplier_rules/rule_edits.h"
+#include "catalogue/pricing/supplier_rules/rule_store.h"
 #include "core/context.h"
 #include "screens/filtro_teclas.h"
 #include "widgets/lynx_grid.h"
@@ -22,14 +22,14 @@ using widgets::ColumnSpec;
 
 // The list rows and the "all articles" rows of a group stand out from the
 // single articles.
-QColor color_de_nivel(NivelRegla nivel)
+QColor color_de_nivel(RuleLevel nivel)
 {
     switch (nivel) {
-    case NivelRegla::Lista:
+    case RuleLevel::Lista:
         return QColor(255, 236, 179);
-    case NivelRegla::Grupo:
+    case RuleLevel::Grupo:
         return QColor(212, 230, 250);
-    case NivelRegla::Articulo:
+    case RuleLevel::Articulo:
         break;
     }
     return {};
@@ -56,7 +56,7 @@ void llenar_combo(QComboBox *c, const QStringList &items)
 
 } // namespace
 
-ConfigReglas::ConfigReglas(Context &ctx, ReglasTienda &reglas, QWidget *parent)
+ConfigReglas::ConfigReglas(Context &ctx, RuleStore &reglas, QWidget *parent)
     : QWidget(parent), ctx_(ctx), reglas_(reglas)
 {
     setObjectName(QStringLiteral("ConfigReglas"));
@@ -73,7 +73,7 @@ ConfigReglas::ConfigReglas(Context &ctx, ReglasTienda &reglas, QWidget *parent)
         spec.heading = titulos[i];
         spec.width = anchos[i];
         spec.input_filter = filtros[i];
-        spec.locked = i < static_cast<int>(ColumnaRegla::Descuento);
+        spec.locked = i < static_cast<int>(RuleColumn::Descuento);
         grilla_->AddColumn(spec);
     }
     grilla_->setAllowEdit(true);
@@ -118,7 +118,7 @@ ConfigReglas::ConfigReglas(Context &ctx, ReglasTienda &reglas, QWidget *parent)
     connect(grupo_, &QComboBox::currentTextChanged, this, &ConfigReglas::grupo_elegido);
     connect(agregar_, &QPushButton::clicked, this, &ConfigReglas::agregar);
     connect(borrar_, &QPushButton::clicked, this, &ConfigReglas::borrar);
-    connect(&reglas_, &ReglasTienda::cambiadas, this, [this] {
+    connect(&reglas_, &RuleStore::cambiadas, this, [this] {
         if (editando_)
             return;
         mostrar_reglas();
@@ -146,9 +146,9 @@ void ConfigReglas::mostrar_reglas()
     const int fila_actual = grilla_->Row();
     grilla_->setRedraw(false);
     grilla_->Clear();
-    const std::vector<FilaRegla> &filas = reglas_.filas();
+    const std::vector<RuleRow> &filas = reglas_.filas();
     for (int i = 0; i < static_cast<int>(filas.size()); ++i) {
-        const FilaRegla &f = filas[static_cast<size_t>(i)];
+        const RuleRow &f = filas[static_cast<size_t>(i)];
         const int row = grilla_->AddItem(
             QStringList{f.proveedor, f.grupo, f.articulo, f.descuento, f.ganancia}.join(QLatin1Char('\t')));
         grilla_->setRowData(row, i);
@@ -174,7 +174,7 @@ void ConfigReglas::grupo_elegido()
 
 void ConfigReglas::agregar()
 {
-    const FilaRegla nueva{proveedor_->currentText(), grupo_->currentText(), articulo_->currentText(),
+    const RuleRow nueva{proveedor_->currentText(), grupo_->currentText(), articulo_->currentText(),
                           descuento_->text(), ganancia_->text()};
     if (agregar_regla(ctx_, reglas_.filas(), nueva))
         reglas_.llenar(ctx_);
@@ -184,7 +184,7 @@ void ConfigReglas::borrar()
 {
     const int row = grilla_->Row();
     const auto indice = static_cast<size_t>(row < 0 ? 0 : grilla_->RowData(row));
-    const FilaRegla *fila = row >= 0 && indice < reglas_.filas().size() ? &reglas_.filas()[indice] : nullptr;
+    const RuleRow *fila = row >= 0 && indice < reglas_.filas().size() ? &reglas_.filas()[indice] : nullptr;
     if (borrar_regla(ctx_, fila))
         reglas_.llenar(ctx_);
 }
@@ -196,8 +196,8 @@ void ConfigReglas::celda_editada(int row, int col, QString &valor, bool &cancel)
         cancel = true;
         return;
     }
-    const auto columna = static_cast<ColumnaRegla>(col);
-    const FilaRegla fila = reglas_.filas()[indice];
+    const auto columna = static_cast<RuleColumn>(col);
+    const RuleRow fila = reglas_.filas()[indice];
     if (!editar_regla(ctx_, fila, columna, valor)) {
         cancel = true;
         return;

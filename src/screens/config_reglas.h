@@ -8,7 +8,7 @@ class QPushButton;
 
 namespace vendrix {
 class Context;
-class ReglasTienda;
+class RuleStore;
 namespace widgets {
 class LynxGrid;
 }
@@ -27,7 +27,7 @@ class ConfigReglas : public QWidget {
     Q_OBJECT
 
 public:
-    ConfigReglas(Context &ctx, ReglasTienda &reglas, QWidget *parent = nullptr);
+    ConfigReglas(Context &ctx, RuleStore &reglas, QWidget *parent = nullptr);
 
     // The set-up of the tab: the suppliers' combo and the rules, filled from
     // the databases. Runs before any article is loaded.
@@ -46,7 +46,7 @@ private:
     void celda_editada(int row, int col, QString &valor, bool &cancel);
 
     Context &ctx_;
-    ReglasTienda &reglas_;
+    RuleStore &reglas_;
     widgets::LynxGrid *grilla_;
     QComboBox *proveedor_;
     QComboBox *grupo_;

@@ -17,7 +17,7 @@ namespace {
 // The level boxes in the order of their indexes: INF, ERR, ACT, SQL, PRN, XML.
 constexpr const char *kNiveles[] = {"Información", "Errores", "Acciones", "SQL", "Impresora", "XML"};
 
-enum Columna { kFecha = 0, kTipo = 1, kTexto = 2 };
+enum CsvColumn { kFecha = 0, kTipo = 1, kTexto = 2 };
 
 } // namespace
 

@@ -1,7 +1,7 @@
 #include "screens/frm_main.h"
 
-#include "catalogue/detalle_teclas.h"
-#include "catalogue/search_articulos.h"
+#include "catalogue/search/list_search.h"
+#include "catalogue/search/search_box_keys.h"
 #include "core/context.h"
 #include "core/holiday_logo.h"
 #include "core/shutdown.h"
@@ -168,10 +168,10 @@ QWidget *FrmMain::crear_pestana_listas()
     // The search around the grid: the panel is emptied first; a single
     // result (a scanned code, say) goes to the first cart when the shop
     // asked for it. Selecting the first row loads the panel.
-    AccionesListas acciones;
+    ListActions acciones;
     acciones.limpiar_detalle = [this] { listas_->panel()->limpiar_detalle(); };
     acciones.carritos_marcados = [this] { return cuatro_carritos(ctx_); };
-    acciones.agregar_al_carrito = [this](const FilaGrilla &) { return listas_->agregar_automaticamente(); };
+    acciones.agregar_al_carrito = [this](const ListGridRow &) { return listas_->agregar_automaticamente(); };
     busqueda_->setAcciones(std::move(acciones));
     return page;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "catalogue/reglas_tienda.h"
+#include "catalogue/pricing/supplier_rules/rule_store.h"
 #include "core/operator.h"
 
 #include <QMainWindow>
@@ -92,7 +92,7 @@ private:
     Context &ctx_;
     // The shop's margin and discount rules: the rules grid edits them, the
     // article panel prices with them.
-    ReglasTienda reglas_;
+    RuleStore reglas_;
     QTabWidget *tabs_;
     screens::TabListas *busqueda_ = nullptr;
     screens::PaginaListas *listas_ = nullptr;

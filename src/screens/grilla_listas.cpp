@@ -11,18 +11,18 @@
 
 namespace vendrix::screens {
 
-QColor color_marca(ColorFila color)
+QColor color_marca(RowColour color)
 {
     switch (color) {
-    case ColorFila::pedido_pendiente:
+    case RowColour::pedido_pendiente:
         return QColor(255, 204, 153); // orange: asked for, not yet ordered
-    case ColorFila::pedido:
+    case RowColour::pedido:
         return QColor(204, 255, 204); // green: ordered
-    case ColorFila::centinela:
+    case RowColour::centinela:
         return QColor(255, 255, 170); // yellow: its price is watched
-    case ColorFila::testigo:
+    case RowColour::testigo:
         return QColor(204, 229, 255); // blue: a witness of a watched price
-    case ColorFila::ninguno:
+    case RowColour::ninguno:
         break;
     }
     return {};
@@ -61,7 +61,7 @@ void GrillaLynx::redibujar(bool on)
     grid_.setRedraw(on);
 }
 
-void GrillaLynx::agregar(const FilaGrilla &fila)
+void GrillaLynx::agregar(const ListGridRow &fila)
 {
     const int row = grid_.AddItem(fila.celdas.join(QLatin1Char('\t')));
     if (fila.marcador) {

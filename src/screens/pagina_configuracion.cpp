@@ -1,6 +1,6 @@
 #include "screens/pagina_configuracion.h"
 
-#include "catalogue/reglas_sin_uso.h"
+#include "catalogue/pricing/supplier_rules/unused_rules.h"
 #include "core/context.h"
 #include "sales/carritos.h"
 #include "screens/config_precios.h"
@@ -13,7 +13,7 @@
 
 namespace vendrix::screens {
 
-PaginaConfiguracion::PaginaConfiguracion(Context &ctx, ReglasTienda &reglas, QWidget *parent)
+PaginaConfiguracion::PaginaConfiguracion(Context &ctx, RuleStore &reglas, QWidget *parent)
     : QWidget(parent), ctx_(ctx), reglas_(new ConfigReglas(ctx, reglas)), precios_(new ConfigPrecios(ctx)),
       carritos_(new QCheckBox(QStringLiteral("Usar cuatro &carritos de compra")))
 {

@@ -8,7 +8,7 @@ namespace vendrix {
 class ConfigPrecios;
 class ConfigReglas;
 class Context;
-class ReglasTienda;
+class RuleStore;
 } // namespace vendrix
 
 namespace vendrix::screens {
@@ -19,7 +19,7 @@ class PaginaConfiguracion : public QWidget {
     Q_OBJECT
 
 public:
-    PaginaConfiguracion(Context &ctx, ReglasTienda &reglas, QWidget *parent = nullptr);
+    PaginaConfiguracion(Context &ctx, RuleStore &reglas, QWidget *parent = nullptr);
 
     // The set-up at load: the pricing settings, the lock on the rules, and
     // the check box from setting `carritos`.

@@ -1,6 +1,6 @@
 #include "screens/pagina_listas.h"
 
-#include "catalogue/reglas_tienda.h"
+#include "catalogue/pricing/supplier_rules/rule_store.h"
 #include "core/context.h"
 #include "sales/carritos.h"
 #include "screens/frm_agregar_udem.h"
@@ -48,7 +48,7 @@ QPushButton *boton_agregar(QWidget *parent, const QString &nombre, const QString
 
 } // namespace
 
-PaginaListas::PaginaListas(Context &ctx, ReglasTienda &reglas, QWidget *busqueda, widgets::LynxGrid *grilla,
+PaginaListas::PaginaListas(Context &ctx, RuleStore &reglas, QWidget *busqueda, widgets::LynxGrid *grilla,
                            QWidget *parent)
     : QWidget(parent), ctx_(ctx), busqueda_(busqueda), grilla_(grilla), panel_(new PanelArticulo(ctx, reglas))
 {

@@ -12,7 +12,7 @@ class QPushButton;
 namespace vendrix {
 class Context;
 class PanelArticulo;
-class ReglasTienda;
+class RuleStore;
 namespace widgets {
 class LynxGrid;
 }
@@ -33,7 +33,7 @@ class PaginaListas : public QWidget {
 
 public:
     // `busqueda` holds the search box and `grilla`, which lies inside it.
-    PaginaListas(Context &ctx, ReglasTienda &reglas, QWidget *busqueda, widgets::LynxGrid *grilla,
+    PaginaListas(Context &ctx, RuleStore &reglas, QWidget *busqueda, widgets::LynxGrid *grilla,
                  QWidget *parent = nullptr);
 
     // Hooks the page to the cart strip that shows it as its tab 0.

@@ -1,9 +1,9 @@
 #include "screens/panel_articulo.h"
 
-#include "catalogue/detalle_marcas.h"
-#include "catalogue/price_settings.h"
-#include "catalogue/reglas_tienda.h"
-#include "catalogue/settings_boxes.h"
+#include "catalogue/pricing/article_detail/detail_marks.h"
+#include "catalogue/pricing/price_settings.h"
+#include "catalogue/pricing/settings_boxes.h"
+#include "catalogue/pricing/supplier_rules/rule_store.h"
 #include "core/context.h"
 #include "screens/dialogo_comentario.h"
 
@@ -16,7 +16,7 @@ namespace vendrix {
 
 namespace {
 
-using C = CampoPanel;
+using C = PanelField;
 
 // The first cell of the row that stands for "more results" in the list.
 const QString kMarcador = QStringLiteral("...VENDRIX...");
@@ -30,31 +30,31 @@ void pintar(QWidget *w, QPalette::ColorRole rol, const QColor &color)
 
 } // namespace
 
-QColor color_de_moneda(ColorMoneda moneda, const QColor &texto)
+QColor color_de_moneda(CurrencyColour moneda, const QColor &texto)
 {
     switch (moneda) {
-    case ColorMoneda::Dolares:
+    case CurrencyColour::Dolares:
         return QColor(0, 120, 0);
-    case ColorMoneda::PesosIvaReducido:
+    case CurrencyColour::PesosIvaReducido:
         return QColor(0, 60, 190);
-    case ColorMoneda::DolaresIvaReducido:
+    case CurrencyColour::DolaresIvaReducido:
         return QColor(0, 120, 130);
-    case ColorMoneda::Otra:
+    case CurrencyColour::Otra:
         return QColor(140, 70, 0);
-    case ColorMoneda::Pesos:
+    case CurrencyColour::Pesos:
         break;
     }
     return texto;
 }
 
-PanelArticulo::PanelArticulo(Context &ctx, ReglasTienda &reglas, QWidget *parent)
+PanelArticulo::PanelArticulo(Context &ctx, RuleStore &reglas, QWidget *parent)
     : QWidget(parent), ctx_(ctx), reglas_(reglas), detalle_(vendrix::limpiar_detalle())
 {
     setObjectName(QStringLiteral("PanelArticulo"));
     editor_comentario_ = [this](const QString &actual) {
         return pedir_comentario(this,
-                                detalle_.campo(CampoArticulo::Codigo) + QStringLiteral(" - ") +
-                                    detalle_.campo(CampoArticulo::Descripcion),
+                                detalle_.campo(ArticleField::Codigo) + QStringLiteral(" - ") +
+                                    detalle_.campo(ArticleField::Descripcion),
                                 actual);
     };
     construir();
@@ -80,7 +80,7 @@ void PanelArticulo::cargar_detalle_articulo(qint64 id)
     // article, should the configuration tab not have done it yet.
     if (reglas_.version() == 0)
         reglas_.llenar(ctx_);
-    std::optional<DetalleArticulo> d = vendrix::cargar_detalle_articulo(ctx_, reglas_, detalle_, id);
+    std::optional<ArticleDetail> d = vendrix::cargar_detalle_articulo(ctx_, reglas_, detalle_, id);
     if (!d)
         return;
     detalle_ = std::move(*d);
@@ -147,7 +147,7 @@ void PanelArticulo::showEvent(QShowEvent *event)
     // operator typed over them.
     if (detalle_.id == 0 || (version_reglas_ == reglas_.version() && ajustes_cargados_ == clave_ajustes()))
         return;
-    const PanelPrecio &p = detalle_.panel;
+    const PricePanel &p = detalle_.panel;
     if (p[C::TextBox_Ganancia].text != detalle_.ganancia_cargada ||
         p[C::TextBox_Descuento].text != detalle_.descuento_cargada ||
         p[C::Textbox_desusr].text != QLatin1String("0"))
@@ -157,7 +157,7 @@ void PanelArticulo::showEvent(QShowEvent *event)
 
 QString PanelArticulo::clave_ajustes() const
 {
-    const AjustesPrecio a = AjustesPrecio::leer(ctx_);
+    const PriceSettings a = PriceSettings::leer(ctx_);
     return QStringList{a.iva,
                        a.valor_dolar,
                        a.recargo_tarjeta,
@@ -168,7 +168,7 @@ QString PanelArticulo::clave_ajustes() const
         .join(QChar(0x1f));
 }
 
-void PanelArticulo::formula_editada(CampoPanel campo, QLineEdit *box)
+void PanelArticulo::formula_editada(PanelField campo, QLineEdit *box)
 {
     if (detalle_.id == 0)
         return;
@@ -202,7 +202,7 @@ void PanelArticulo::comentario_click()
 
 void PanelArticulo::mostrar()
 {
-    const DetalleArticulo &d = detalle_;
+    const ArticleDetail &d = detalle_;
     id_->setText(d.id == 0 ? QString() : QString::number(d.id));
     for (int i = 0; i < kCamposArticulo; ++i) {
         QLineEdit *campo = campos_[static_cast<size_t>(i)];
@@ -221,7 +221,7 @@ void PanelArticulo::mostrar()
     unidades_->setEnabled(d.unidades_habilitado);
     faltante_->setEnabled(d.pedido_habilitado);
 
-    const PanelPrecio &p = d.panel;
+    const PricePanel &p = d.panel;
     ganancia_->setText(p[C::TextBox_Ganancia].text);
     descuento_->setText(p[C::TextBox_Descuento].text);
     desusr_->setText(p[C::Textbox_desusr].text);
@@ -235,7 +235,7 @@ void PanelArticulo::mostrar()
 
 void PanelArticulo::mostrar_figuras(const QLineEdit *escribiendo)
 {
-    const PanelPrecio &p = detalle_.panel;
+    const PricePanel &p = detalle_.panel;
     auto poner = [escribiendo](QLineEdit *box, const QString &texto) {
         if (box != escribiendo)
             box->setText(texto);

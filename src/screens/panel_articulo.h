@@ -1,6 +1,6 @@
 #pragma once
 
-#include "catalogue/detalle_articulo.h"
+#include "catalogue/pricing/article_detail/article_detail.h"
 
 #include <QWidget>
 
@@ -15,7 +15,7 @@ class QPushButton;
 
 namespace vendrix {
 class Context;
-class ReglasTienda;
+class RuleStore;
 } // namespace vendrix
 
 namespace vendrix {
@@ -32,7 +32,7 @@ class PanelArticulo : public QWidget {
     Q_OBJECT
 
 public:
-    PanelArticulo(Context &ctx, ReglasTienda &reglas, QWidget *parent = nullptr);
+    PanelArticulo(Context &ctx, RuleStore &reglas, QWidget *parent = nullptr);
 
     // The row-selection event of `DataGridViewListas`, with the row's cells
     // "ID" and "Proveedor": the marker row of more results loads nothing.
@@ -46,7 +46,7 @@ public:
     // The same offer without loading anything (on leaving the program).
     void guardar_regla_pendiente();
 
-    const DetalleArticulo &detalle() const { return detalle_; }
+    const ArticleDetail &detalle() const { return detalle_; }
 
     // `aplicar_detalle_precios`: the whole calculation or the price alone.
     void aplicar_detalle_precios(bool detalle);
@@ -80,7 +80,7 @@ private:
     QWidget *construir_precios();
     void mostrar();
     void mostrar_figuras(const QLineEdit *escribiendo = nullptr);
-    void formula_editada(CampoPanel campo, QLineEdit *box);
+    void formula_editada(PanelField campo, QLineEdit *box);
     void precio_lista_editado();
     void preciodetalle_click();
     void favoritos_click();
@@ -88,8 +88,8 @@ private:
     QString clave_ajustes() const;
 
     Context &ctx_;
-    ReglasTienda &reglas_;
-    DetalleArticulo detalle_;
+    RuleStore &reglas_;
+    ArticleDetail detalle_;
     quint64 version_reglas_ = 0; // of the rules the shown figures come from
     QString ajustes_cargados_;   // and of the settings
     std::function<bool()> desbloquear_;
@@ -125,6 +125,6 @@ private:
 
 // The colour of price figures by currency: pesos in the text colour,
 // dollars in green, the reduced rate in blue (pesos) or teal (dollars).
-QColor color_de_moneda(ColorMoneda moneda, const QColor &texto);
+QColor color_de_moneda(CurrencyColour moneda, const QColor &texto);
 
 } // namespace vendrix

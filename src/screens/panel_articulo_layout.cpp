@@ -17,7 +17,7 @@ namespace vendrix {
 
 namespace {
 
-using C = CampoPanel;
+using C = PanelField;
 
 QFont fuente(const QFont &base, qreal factor, bool negrita)
 {
@@ -82,8 +82,8 @@ QWidget *PanelArticulo::construir_datos()
     for (int i = 0; i < kCamposArticulo; ++i)
         campos_[static_cast<size_t>(i)] = caja(grupo, QStringLiteral("TextBox_articulo_%1").arg(i));
     id_ = caja(grupo, QStringLiteral("TextBox_ID"));
-    auto campo = [this](CampoArticulo c) { return campos_[static_cast<size_t>(c)]; };
-    using A = CampoArticulo;
+    auto campo = [this](ArticleField c) { return campos_[static_cast<size_t>(c)]; };
+    using A = ArticleField;
     auto fila = [&](int row, const QString &t1, QWidget *w1, const QString &t2 = {}, QWidget *w2 = nullptr) {
         grid->addWidget(etiqueta(grupo, t1, w1), row, 0);
         grid->addWidget(w1, row, 1, 1, w2 ? 1 : 3);
@@ -92,7 +92,7 @@ QWidget *PanelArticulo::construir_datos()
             grid->addWidget(w2, row, 3);
         }
     };
-    fila(0, QStringLiteral("Proveedor"), campo(A::Proveedor), QStringLiteral("Código"), campo(A::Codigo));
+    fila(0, QStringLiteral("Proveedor"), campo(A::Supplier), QStringLiteral("Código"), campo(A::Codigo));
     fila(1, QStringLiteral("Rubro"), campo(A::Grupo), QStringLiteral("Marca"), campo(A::Marca));
     fila(2, QStringLiteral("Descripción"), campo(A::Descripcion));
     fila(3, QStringLiteral("Moneda"), campo(A::Moneda), QStringLiteral("Unidad"), campo(A::Unidad));

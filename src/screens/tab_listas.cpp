@@ -57,7 +57,7 @@ TabListas::TabListas(Context &ctx, QWidget *parent)
 
 TabListas::~TabListas() = default;
 
-void TabListas::setAcciones(AccionesListas acciones)
+void TabListas::setAcciones(ListActions acciones)
 {
     acciones_ = std::move(acciones);
     if (!acciones_.mostrar_primera)

@@ -5,7 +5,7 @@
 // the article panel and the carts hook into it through `setAcciones` and
 // `articuloSeleccionado`.
 
-#include "catalogue/search_articulos.h"
+#include "catalogue/search/list_search.h"
 
 #include <QWidget>
 
@@ -36,7 +36,7 @@ public:
 
     // What the search does around the grid. `mostrar_primera` is the tab's
     // own unless given: it selects the first row, which loads the article.
-    void setAcciones(AccionesListas acciones);
+    void setAcciones(ListActions acciones);
 
 public Q_SLOTS:
     // `buscar_articulos` with the text of the box.
@@ -54,8 +54,8 @@ private:
     QLineEdit *texto_;
     QPushButton *boton_;
     widgets::LynxGrid *grilla_;
-    std::unique_ptr<GrillaSink> sink_;
-    AccionesListas acciones_;
+    std::unique_ptr<GridSink> sink_;
+    ListActions acciones_;
 };
 
 } // namespace vendrix::screens

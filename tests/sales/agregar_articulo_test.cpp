@@ -1,9 +1,9 @@
 // The add-article dialog's logic: what it shows at opening, the live unit
 // price and total, the refusals, merging with a line or adding a new one,
 // the units memory and renaming the cart.
-#include "catalogue/article.h"
-#include "catalogue/price_panel.h"
-#include "catalogue/rules.h"
+#include "catalogue/pricing/article_record.h"
+#include "catalogue/pricing/price_panel.h"
+#include "catalogue/pricing/rules.h"
 #include "sales/agregar_articulo.h"
 #include "sales/carritos.h"
 #include "tienda.h"
@@ -317,10 +317,10 @@ TEST_F(Agregar, TheArticleIsReadFromTheListWithThePanelFigures)
         {QStringLiteral("UPDATE xls_listas SET Marca = 'Fixa', UnidadDeMedida = 'Caja' WHERE "
                         "ID = 1")});
     ajuste("iva", "21");
-    const LecturaArticulo lectura = leer_articulo(app.ctx(), 1);
+    const ArticleRead lectura = leer_articulo(app.ctx(), 1);
     ASSERT_TRUE(lectura.encontrado);
-    const PanelPrecio panel =
-        cargar_panel(lectura.articulo, 6.0, TablaReglas(), AjustesPrecio::leer(app.ctx()));
+    const PricePanel panel =
+        cargar_panel(lectura.articulo, 6.0, RuleTable(), PriceSettings::leer(app.ctx()));
 
     std::optional<ArticuloParaCarrito> a =
         leer_articulo_para_carrito(app.ctx(), 1, QStringLiteral("Tornillos"), panel);

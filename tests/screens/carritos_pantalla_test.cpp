@@ -1,6 +1,6 @@
 // The cart strip, a cart's page and the add-article dialog driven through
 // their real widgets, offscreen.
-#include "catalogue/reglas_tienda.h"
+#include "catalogue/pricing/supplier_rules/rule_store.h"
 #include "sales/agregar_articulo.h"
 #include "sales/tienda.h"
 #include "screens/carrito_tab.h"
@@ -83,7 +83,7 @@ TEST_F(Pantalla, AddToCartTwoThroughTheDialogEditAQuantityAndSeeTheTotal)
     });
     // The article as the operator finds it: searched, its row loaded into
     // the price panel.
-    ReglasTienda reglas;
+    RuleStore reglas;
     PanelArticulo panel(app.ctx(), reglas);
     TabListas lista(app.ctx());
     QTest::keyClicks(lista.textoBuscar(), QStringLiteral("1/4"));

@@ -1,5 +1,5 @@
 // The pricing settings of the configuration tab.
-#include "catalogue/tienda_fixture.h"
+#include "catalogue/support/shop_fixture.h"
 #include "screens/config_precios.h"
 
 #include <QComboBox>

@@ -1,6 +1,6 @@
 // The rules part of the configuration tab: the grid as a view of the shop's
 // rules, the combos, adding, editing in place and deleting.
-#include "catalogue/tienda_fixture.h"
+#include "catalogue/support/shop_fixture.h"
 #include "screens/config_reglas.h"
 #include "widgets/lynx_grid.h"
 

@@ -1,6 +1,6 @@
 // The article panel as the operator uses it: rows selected in the list,
 // formulas typed, buttons pressed, the two price views.
-#include "catalogue/tienda_fixture.h"
+#include "catalogue/support/shop_fixture.h"
 #include "screens/panel_articulo.h"
 
 #include <QFrame>
@@ -73,11 +73,11 @@ TEST_F(PanelArticuloTest, SelectingRowsFillsThePanelAndFollowsTheRate)
 
 TEST_F(PanelArticuloTest, RulesNotFilledYetAreFilledBeforeTheFirstArticle)
 {
-    ReglasTienda vacias;
+    RuleStore vacias;
     PanelArticulo otro(app.ctx(), vacias);
     otro.cargar_fila(QStringLiteral("1"), QStringLiteral("Acme"));
     EXPECT_EQ(vacias.filas().size(), 3u);
-    EXPECT_EQ(otro.detalle().panel[CampoPanel::TextBox_PTotal_civa].text, QStringLiteral("1344,92"));
+    EXPECT_EQ(otro.detalle().panel[PanelField::TextBox_PTotal_civa].text, QStringLiteral("1344,92"));
 }
 
 TEST_F(PanelArticuloTest, ADollarPriceIsColouredApart)
@@ -103,7 +103,7 @@ TEST_F(PanelArticuloTest, TypingAFormulaRecalculatesAtEachKeyThroughTheKeyFilter
 
     escribir("Textbox_desusr", QStringLiteral("10-5"));
     EXPECT_EQ(texto("Textbox_desusr"), QStringLiteral("10-5"));
-    EXPECT_EQ(panel->detalle().panel[CampoPanel::Textbox_desusr].text, QStringLiteral("10-5"));
+    EXPECT_EQ(panel->detalle().panel[PanelField::Textbox_desusr].text, QStringLiteral("10-5"));
     // The calculation runs at each key, so the formula told as wrong is the
     // unfinished "10-".
     EXPECT_EQ(app.op.lines(), (QStringList{"error|Error en el descuento cliente|La formula ingresada para el "

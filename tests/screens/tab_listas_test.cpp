@@ -1,7 +1,7 @@
 #include "screens/grilla_listas.h"
 #include "screens/tab_listas.h"
 
-#include "catalogue/lista_builder.h"
+#include "catalogue/pricelist/build/price_file_builder.h"
 #include "core/migrations.h"
 #include "support/qt_print.h"
 #include "support/test_context.h"
@@ -27,7 +27,7 @@ class TabListasTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        ListaProveedor list{u("Ñandú Hogar"), u("2026-11-21"), {}, {}, {}};
+        SupplierList list{u("Ñandú Hogar"), u("2026-11-21"), {}, {}, {}};
         for (int i = 1; i <= 12; ++i)
             list.articulos.push_back({u("Bulonería"),
                                       QStringLiteral("T-%1").arg(i),
@@ -115,8 +115,8 @@ TEST_F(TabListasTest, MarkedRowsTakeTheirColourAndFavouritesTheStar)
     EXPECT_EQ(grid.CellText(0, 0), u("5"));
     EXPECT_FALSE(grid.CellImage(0, 1).isNull());
     EXPECT_TRUE(grid.CellImage(1, 1).isNull());
-    EXPECT_EQ(grid.RowBackColor(2), screens::color_marca(ColorFila::centinela)); // T-2
-    EXPECT_EQ(grid.RowBackColor(3), screens::color_marca(ColorFila::testigo));   // T-3
+    EXPECT_EQ(grid.RowBackColor(2), screens::color_marca(RowColour::centinela)); // T-2
+    EXPECT_EQ(grid.RowBackColor(3), screens::color_marca(RowColour::testigo));   // T-3
     EXPECT_FALSE(grid.RowBackColor(1).isValid());
 }
 

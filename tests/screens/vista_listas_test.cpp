@@ -3,7 +3,7 @@
 // folder, the test also leaves there a picture of the tab for a dollar
 // article and for a reduced-rate one; with VENDRIX_CAPTURA_CARPETA set to a
 // demo shop's folder (`vendrix-cli demo`), it shows that shop's lists.
-#include "catalogue/tienda_fixture.h"
+#include "catalogue/support/shop_fixture.h"
 #include "screens/panel_articulo.h"
 #include "widgets/lynx_grid.h"
 

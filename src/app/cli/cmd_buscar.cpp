@@ -3,7 +3,7 @@
 #include "commands.h"
 #include "console_operator.h"
 
-#include "catalogue/search_articulos.h"
+#include "catalogue/search/list_search.h"
 #include "core/context.h"
 
 #include <QTextStream>
@@ -13,11 +13,11 @@ namespace vendrix::cli {
 namespace {
 
 // Each row as one line, its cells tab-separated in the grid's order.
-class FilasEnSalida final : public GrillaSink {
+class FilasEnSalida final : public GridSink {
 public:
     void limpiar() override {}
     void redibujar(bool) override {}
-    void agregar(const FilaGrilla &fila) override { out_ << fila.celdas.join(QLatin1Char('\t')) << '\n'; }
+    void agregar(const ListGridRow &fila) override { out_ << fila.celdas.join(QLatin1Char('\t')) << '\n'; }
 
 private:
     QTextStream out_{stdout};
@@ -38,7 +38,7 @@ int cmd_buscar(const CliArgs &args)
     // "Buscar Todos" is the second press, which lifts the cap.
     QString caption = QLatin1String(args.flag(QStringLiteral("--todos")) ? kBotonBuscarTodos : kBotonBuscar);
     FilasEnSalida rows;
-    return buscar_articulos(ctx, args.positional.front(), caption, rows) == ResultadoBusqueda::hecha ? 0 : 1;
+    return buscar_articulos(ctx, args.positional.front(), caption, rows) == SearchResult::hecha ? 0 : 1;
 }
 
 } // namespace vendrix::cli

@@ -2,7 +2,7 @@
 #include "commands.h"
 #include "console_operator.h"
 
-#include "catalogue/lista_construccion.h"
+#include "catalogue/pricelist/build/build_steps.h"
 
 #include "vendrix_version.h"
 
@@ -16,7 +16,7 @@ namespace {
 const QString kTitulo = QStringLiteral("Construir lista");
 
 // The per-file options, checked; the reason when they are wrong.
-QString opciones_csv(const CliArgs &args, OpcionesCsv &out)
+QString opciones_csv(const CliArgs &args, CsvOptions &out)
 {
     out.proveedor = args.option(QStringLiteral("--proveedor"));
     const QString date = args.option(QStringLiteral("--fecha-lista"));
@@ -48,7 +48,7 @@ QString nombre_separador(QChar sep)
 int cmd_construir_lista(const CliArgs &args)
 {
     ConsoleOperator op(args.flag(QStringLiteral("--si")));
-    PedidoLista request;
+    BuildRequest request;
     request.opciones.salida = args.option(QStringLiteral("--salida"));
     request.anterior = args.option(QStringLiteral("--anterior"));
     request.archivos = args.positional;
@@ -66,8 +66,8 @@ int cmd_construir_lista(const CliArgs &args)
     request.opciones.version = args.option(QStringLiteral("--version"), QStringLiteral(VENDRIX_VERSION));
     request.opciones.fecha = QDate::currentDate().toString(Qt::ISODate);
 
-    std::vector<LecturaCsv> read;
-    const ResultadoConstruccion built = construir_desde_archivos(request, &read);
+    std::vector<CsvRead> read;
+    const BuildResult built = construir_desde_archivos(request, &read);
     for (size_t i = 0; i < read.size(); ++i) {
         op.inform(kTitulo, QStringLiteral("Archivo '%1': proveedor '%2', lista del %3, %4 artículos (%5, "
                                           "separador %6, decimales con '%7').")

@@ -2,7 +2,7 @@
 #include "commands.h"
 #include "console_operator.h"
 
-#include "catalogue/lista_demo.h"
+#include "catalogue/pricelist/demo/demo_lists.h"
 
 #include "vendrix_version.h"
 
@@ -36,7 +36,7 @@ QString semilla_clientes(const CliArgs &args)
 int cmd_demo(const CliArgs &args)
 {
     ConsoleOperator op(args.flag(QStringLiteral("--si")));
-    OpcionesDemo options;
+    DemoOptions options;
     bool ok = true;
     options.articulos =
         args.option(QStringLiteral("--articulos"), QString::number(kArticulosDemo)).toInt(&ok);
@@ -57,7 +57,7 @@ int cmd_demo(const CliArgs &args)
     options.semilla_clientes = semilla_clientes(args);
     options.carpeta_csv = args.option(QStringLiteral("--csv"));
 
-    const ResultadoDemo made = crear_carpeta_demo(options);
+    const DemoResult made = crear_carpeta_demo(options);
     if (!made.ok()) {
         op.error(kTitulo, made.error);
         return 1;

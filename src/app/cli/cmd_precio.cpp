@@ -4,9 +4,9 @@
 #include "commands.h"
 #include "console_operator.h"
 
-#include "catalogue/article.h"
-#include "catalogue/price_panel.h"
-#include "catalogue/rules.h"
+#include "catalogue/pricing/article_record.h"
+#include "catalogue/pricing/price_panel.h"
+#include "catalogue/pricing/rules.h"
 #include "core/context.h"
 
 #include <QTextStream>
@@ -29,7 +29,7 @@ int cmd_precio(const CliArgs &args)
     SystemClock clock;
     Context ctx(args.carpeta(), op, status, clock);
 
-    const LecturaArticulo lectura = leer_articulo(ctx, id);
+    const ArticleRead lectura = leer_articulo(ctx, id);
     if (!lectura.ok) {
         err << "No se pudo leer la lista de precios de " << ctx.carpeta() << ".\n";
         return 1;
@@ -38,19 +38,19 @@ int cmd_precio(const CliArgs &args)
         err << "No existe el artículo con ID=" << id << ".\n";
         return 1;
     }
-    const ArticuloPrecio &articulo = lectura.articulo;
-    const std::optional<TablaReglas> reglas = leer_reglas_proveedor(ctx, articulo.proveedor);
+    const PricedArticle &articulo = lectura.articulo;
+    const std::optional<RuleTable> reglas = leer_reglas_proveedor(ctx, articulo.proveedor);
     if (!reglas) {
         err << "No se pudieron leer las reglas de descuento y ganancia.\n";
         return 1;
     }
-    const PanelPrecio panel = cargar_panel(articulo, leer_unidades(ctx, articulo.proveedor, articulo.codigo),
-                                           *reglas, AjustesPrecio::leer(ctx));
+    const PricePanel panel = cargar_panel(articulo, leer_unidades(ctx, articulo.proveedor, articulo.codigo),
+                                           *reglas, PriceSettings::leer(ctx));
 
     // The fields first, then the messages in the order the operator sees them.
     for (int i = 0; i < kCamposPanel; ++i) {
-        const auto campo = static_cast<CampoPanel>(i);
-        out << PanelPrecio::nombre(campo) << '\t' << panel[campo].text << '\n';
+        const auto campo = static_cast<PanelField>(i);
+        out << PricePanel::nombre(campo) << '\t' << panel[campo].text << '\n';
     }
     out.flush();
     publicar_panel(ctx, panel);

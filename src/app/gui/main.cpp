@@ -2,7 +2,7 @@
 // runs the start-up behind the splash screen and then opens the main window
 // on the application folder, the executable's own unless --carpeta names
 // another. A `.vdrxdb` file (a double-clicked price list) is imported first.
-#include "catalogue/search_arranque.h"
+#include "catalogue/search/index_at_startup.h"
 #include "core/context.h"
 #include "core/single_instance.h"
 #include "core/startup.h"

@@ -1,0 +1,89 @@
+#include "catalogue/pricelist/demo/demo_lists.h"
+
+#include "catalogue/pricelist/build/extra_rows.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace vendrix {
+
+namespace {
+
+QString escribir_archivo(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
+        return QStringLiteral("No se puede escribir '%1': %2").arg(path, file.errorString());
+    return {};
+}
+
+QString copiar_semilla(const QString &from, const QString &to)
+{
+    if (from.isEmpty() || !QFile::exists(from))
+        return QStringLiteral("No se encuentra la base de clientes inicial 'clientes.install'%1.")
+            .arg(from.isEmpty() ? QString() : QStringLiteral(" en '%1'").arg(from));
+    QFile::remove(to);
+    if (!QFile::copy(from, to))
+        return QStringLiteral("No se puede copiar '%1' a '%2'.").arg(from, to);
+    QFile::setPermissions(to, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+    return {};
+}
+
+// The file name of a supplier's list: "Nombre_del_proveedor_AAAA-MM-DD.csv",
+// with what a file name can't hold made plain.
+QString nombre_csv(const SupplierList &lista)
+{
+    QString name = lista.proveedor;
+    name.replace(QLatin1Char('/'), QLatin1Char('-')).replace(QLatin1Char(' '), QLatin1Char('_'));
+    return name + QLatin1Char('_') + lista.fecha + QStringLiteral(".csv");
+}
+
+QString escribir_csvs(const DemoLists &demo, const QString &folder)
+{
+    if (!QDir().mkpath(folder))
+        return QStringLiteral("No se puede crear la carpeta '%1'.").arg(folder);
+    QString error;
+    for (size_t i = 0; i < demo.nuevas.size(); ++i) {
+        if (!escribir_lista_csv(demo.nuevas[i], QDir(folder).filePath(nombre_csv(demo.nuevas[i])),
+                                demo.estilos[i], error))
+            return error;
+    }
+    return {};
+}
+
+} // namespace
+
+DemoResult crear_carpeta_demo(const DemoOptions &opciones)
+{
+    DemoResult result;
+    const QDir folder(opciones.carpeta);
+    if (!QDir().mkpath(opciones.carpeta)) {
+        result.error = QStringLiteral("No se puede crear la carpeta '%1'.").arg(opciones.carpeta);
+        return result;
+    }
+    result.error =
+        copiar_semilla(opciones.semilla_clientes, folder.filePath(QStringLiteral("clientes.install")));
+    if (!result.ok())
+        return result;
+
+    DemoLists demo = generar_listas_demo(opciones.articulos, opciones.semilla);
+    if (!opciones.carpeta_csv.isEmpty()) {
+        result.error = escribir_csvs(demo, opciones.carpeta_csv);
+        if (!result.ok())
+            return result;
+    }
+    BuildOptions build{folder.filePath(QStringLiteral("Vendrix.install")),
+                               opciones.cliente,
+                               opciones.version,
+                               opciones.fecha,
+                               reportes_predeterminados(),
+                               tips_predeterminados(opciones.version)};
+    result.lista = construir_lista(build, demo.nuevas, &demo.anterior);
+    result.error = result.lista.error;
+    if (!result.ok())
+        return result;
+    result.error = escribir_archivo(folder.filePath(QStringLiteral("factura.install")), plantilla_factura());
+    return result;
+}
+
+} // namespace vendrix

@@ -1,0 +1,172 @@
+#include "catalogue/pricing/article_detail/article_detail.h"
+
+#include "catalogue/pricing/article_detail/detail_marks.h"
+#include "catalogue/pricing/article_detail/old_price.h"
+#include "catalogue/pricing/currency.h"
+#include "catalogue/pricing/price_settings.h"
+#include "catalogue/pricing/supplier_rules/rule_store.h"
+#include "core/context.h"
+#include "core/numeric.h"
+
+#include <QDate>
+
+namespace vendrix {
+
+namespace {
+
+using C = ArticleField;
+
+struct DetailRead {
+    bool ok = false;
+    bool encontrado = false;
+    ArticleDetail detalle;
+};
+
+// The article with the count of rows of its supplier that share its code.
+DetailRead leer_detalle(Context &ctx, qint64 id)
+{
+    DetailRead out;
+    const auto cursor = ctx.db().execQ(
+        QStringLiteral("SELECT Grupo, Descripcion, Codigo, Moneda, Marca, UnidaddeMedida, Observaciones, "
+                       "FechaLista, Precio, Proveedor, (SELECT count(*) FROM xls_listas AS lint WHERE "
+                       "lint.Codigo <> '' AND lint.Codigo = lext.Codigo AND lint.Proveedor = lext.Proveedor) "
+                       "FROM xls_listas AS lext WHERE ID = ?"),
+        QStringLiteral("external"), {id});
+    if (!cursor)
+        return out;
+    out.ok = true;
+    if (cursor->eof())
+        return out;
+    out.encontrado = true;
+    ArticleDetail &d = out.detalle;
+    d.id = id;
+    PricedArticle &a = d.articulo;
+    a.id = id;
+    a.grupo = cursor->texto(0);
+    a.descripcion = cursor->texto(1);
+    a.codigo = cursor->texto(2);
+    a.moneda = cursor->texto(3);
+    a.precio = cursor->texto(8);
+    a.proveedor = cursor->texto(9);
+    d.codigo_repetido = cursor->texto(10).toInt();
+
+    d.campo(C::Grupo) = a.grupo;
+    d.campo(C::Descripcion) = a.descripcion;
+    d.campo(C::Codigo) = a.codigo;
+    const QString moneda = nombre_moneda(a.moneda);
+    d.campo(C::Moneda) = moneda.isEmpty() ? a.moneda : moneda;
+    d.campo(C::Marca) = cursor->texto(4);
+    d.campo(C::Unidad) = cursor->texto(5);
+    d.campo(C::Observaciones) = cursor->texto(6);
+    d.campo(C::Fecha) = fecha_lista_visible(cursor->texto(7));
+    d.campo(C::Supplier) = a.proveedor;
+    d.color = color_moneda(a.moneda);
+    return out;
+}
+
+} // namespace
+
+CurrencyColour color_moneda(QStringView codigo)
+{
+    if (codigo == u"1")
+        return CurrencyColour::Pesos;
+    if (codigo == u"2")
+        return CurrencyColour::Dolares;
+    if (codigo == u"101")
+        return CurrencyColour::PesosIvaReducido;
+    if (codigo == u"102")
+        return CurrencyColour::DolaresIvaReducido;
+    return CurrencyColour::Otra;
+}
+
+QString fecha_lista_visible(const QString &fecha)
+{
+    const QDate d = QDate::fromString(fecha.left(10), Qt::ISODate);
+    return d.isValid() ? d.toString(QStringLiteral("dd/MM/yyyy")) : fecha;
+}
+
+ArticleDetail limpiar_detalle()
+{
+    ArticleDetail d;
+    aplicar_marcas(d);
+    return d;
+}
+
+void aplicar_marcas(ArticleDetail &d)
+{
+    const bool cargado = d.id != 0;
+    const bool con_codigo = cargado && !d.articulo.codigo.trimmed().isEmpty();
+    const bool repetido = d.codigo_repetido > 1;
+    const ArticleMarks &m = d.marcas;
+
+    const bool favorito = m.favorito > 0;
+    d.favoritos.caption =
+        favorito ? QStringLiteral("Eliminar de favoritos") : QStringLiteral("Agregar a favoritos");
+    d.favoritos.habilitado = con_codigo && (favorito || !repetido);
+
+    const bool controlado = m.centinela > 0 || m.testigo > 0;
+    d.control.caption =
+        controlado ? QStringLiteral("No Controlar Precio") : QStringLiteral("Controlar Precio");
+    d.control.habilitado = con_codigo && (controlado || !repetido);
+
+    d.unidades_habilitado = con_codigo;
+    d.comentarios_habilitado = con_codigo;
+    d.pedido_habilitado = cargado;
+
+    const bool pendiente = con_codigo ? m.pendientes > 0 : m.pendientes_sin_codigo > 0;
+    const bool pedido = con_codigo ? m.pedidos > 0 : m.pedidos_sin_codigo > 0;
+    d.imagenes = {favorito, controlado, cargado && pendiente, cargado && pedido};
+    d.imagen_comentario = !m.comentario.isEmpty();
+    d.campo(ArticleField::Comentario) = m.comentario;
+}
+
+PanelRule regla_en_panel(const ArticleDetail &d)
+{
+    return {d.articulo.proveedor,
+            d.articulo.grupo,
+            d.articulo.codigo,
+            d.articulo.descripcion,
+            d.panel[PanelField::TextBox_Ganancia].text,
+            d.panel[PanelField::TextBox_Descuento].text,
+            d.ganancia_cargada,
+            d.descuento_cargada};
+}
+
+std::optional<ArticleDetail> cargar_detalle_articulo(Context &ctx, RuleStore &reglas,
+                                                       const ArticleDetail &saliente, qint64 id)
+{
+    if (saliente.id != 0)
+        guardar_regla_desde_detalle(ctx, reglas, regla_en_panel(saliente));
+    const PriceSettings ajustes = PriceSettings::leer(ctx);
+
+    DetailRead lectura = leer_detalle(ctx, id);
+    if (!lectura.encontrado)
+        return std::nullopt;
+    ArticleDetail &d = lectura.detalle;
+    d.marcas = leer_marcas(ctx, d.articulo);
+    aplicar_marcas(d);
+
+    ctx.estado().marcar_ocupado(true);
+    d.panel = cargar_panel(d.articulo, d.marcas.unidades, reglas.tabla(), ajustes);
+    d.ganancia_cargada = d.panel[PanelField::TextBox_Ganancia].text;
+    d.descuento_cargada = d.panel[PanelField::TextBox_Descuento].text;
+    publicar_panel(ctx, d.panel);
+    ctx.estado().marcar_ocupado(false);
+
+    d.plista_editable = valor_texto(d.articulo.precio) == 0.0;
+    if (d.plista_editable && ofrecer_precio_anterior(ctx, d, ajustes)) {
+        ctx.estado().marcar_ocupado(true);
+        calcular_precio_detalle(d.panel, ajustes);
+        publicar_panel(ctx, d.panel);
+        ctx.estado().marcar_ocupado(false);
+    }
+    return std::move(d);
+}
+
+void escribir_precio_lista(Context &ctx, ArticleDetail &d, const QString &precio)
+{
+    poner_precio_lista(d.panel, precio);
+    calcular_precio_detalle(ctx, d.panel);
+}
+
+} // namespace vendrix

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "catalogue/pricing/rounding.h"
+
+#include <QString>
+
+namespace vendrix {
+
+class Context;
+
+// The settings that a price depends on, as text, read when a price is worked
+// out (nothing keeps them between calculations).
+struct PriceSettings {
+    QString iva;             // the shop's IVA percent
+    QString valor_dolar;     // pesos per dollar
+    QString recargo_tarjeta; // card surcharge percent
+    RoundingSettings redondeo;
+
+    static PriceSettings leer(const Context &ctx);
+};
+
+} // namespace vendrix

@@ -1,0 +1,80 @@
+#pragma once
+
+// The catalogue search against the price database: which articles match,
+// in which order, and how many the grid shows.
+//
+// The result is the one the list gave when it was searched row by row: the
+// union of
+// - the favourites that match (all of them), and
+// - the first `limite` articles that match, by ID,
+// ordered favourites first, then by ID, each article once. The grid shows
+// the first `limite` - 1 of them and, when there are more, the marker row.
+// So the marker shows exactly when more than `limite` - 1 articles match.
+// An article matches when it meets the condition (see `SearchCondition`)
+// or, in the comment branch, when one of its comments holds the text.
+//
+// The index `xls_busqueda` serves the condition: each term's runs of three
+// or more plain characters are asked of it as phrases; a term with none
+// asks for its runs of two characters as the trigrams of the index that
+// start with them (the text ends with a blank, so each pair in it starts a
+// trigram); a run of one character can't narrow anything. Every article the
+// index gives is tested with `LikePattern` on its folded text, which decides. Articles with a comment
+// are tested as well when the comment takes part, since the index doesn't
+// hold comments. A condition with no run long enough, or a file without the
+// index, is served by reading the list in order of ID, which stops as soon
+// as the rows to show are found.
+
+#include "catalogue/search/search_terms.h"
+#include "catalogue/search/shop_marks.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+struct sqlite3;
+
+namespace vendrix {
+
+// The limit of the second press of "Buscar": 100 000 rows and the marker.
+inline constexpr int kLimiteTodos = 100001;
+
+struct SearchQuery {
+    SearchCondition condicion;
+    // The comment branch: also the articles one of whose comments holds this
+    // pattern anywhere (the whole search text, not its terms).
+    std::optional<QString> comentario;
+    bool solo_favoritos = false;
+    int limite = kLimiteTodos;
+};
+
+// One article of the result, with its fields as the list holds them.
+struct FoundArticle {
+    qint64 id = 0;
+    QString proveedor, grupo, descripcion, moneda, marca, precio, codigo;
+    RowMarks marcas;
+
+    bool operator==(const FoundArticle &) const = default;
+};
+
+struct QueryResult {
+    std::vector<FoundArticle> articulos; // at most `limite` - 1
+    bool hay_mas = false;                      // more articles match: the marker row follows
+    bool ok = true;                            // false on a database failure
+    QString error;                             // then: "number description errno"
+};
+
+// Runs the search on the price connection (with the shop tables attached
+// under `clientes`). On failure `ok` is false and `error` tells why.
+QueryResult ejecutar_consulta(sqlite3 *db, const SearchQuery &consulta);
+
+// The trigrams of the index that start with a pair of characters; too many
+// to be worth it gives nothing (std::nullopt).
+using TrigramsOf = std::function<std::optional<QStringList>(const QString &par)>;
+
+// The index query for a condition ("" when no term can be narrowed). Without
+// `trigramas`, pairs narrow nothing.
+QString expresion_indice(const SearchCondition &condicion, const TrigramsOf &trigramas = {});
+
+} // namespace vendrix

@@ -1,0 +1,52 @@
+#include "catalogue/support/list_fixture.h"
+
+#include "catalogue/pricelist/price_file_connection.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace vendrix::test {
+
+QStringList filas(const QString &db_path, const char *sql)
+{
+    QString error;
+    auto db = PriceFileConnection::abrir(db_path, PriceFileConnection::Mode::SoloLectura, error);
+    if (!db) {
+        ADD_FAILURE() << error.toStdString();
+        return {};
+    }
+    PriceFileStatement query(db->db(), sql);
+    EXPECT_TRUE(query.valida()) << sql << ": " << db->ultimo_error().toStdString();
+    QStringList rows;
+    while (query.fila()) {
+        QStringList columns;
+        for (int c = 0; c < query.columnas(); ++c)
+            columns << query.columna(c);
+        rows << columns.join(QLatin1Char('|'));
+    }
+    EXPECT_FALSE(query.fallo()) << sql;
+    return rows;
+}
+
+QString valor(const QString &db_path, const char *sql)
+{
+    const QStringList rows = filas(db_path, sql);
+    return rows.isEmpty() ? QString() : rows.front().section(QLatin1Char('|'), 0, 0);
+}
+
+void escribir(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate)) << path.toStdString();
+    file.write(bytes);
+}
+
+ListArticle articulo(const QString &codigo, const QString &descripcion, const QString &precio,
+                       const QString &moneda)
+{
+    return {QStringLiteral("Grupo"), codigo, descripcion, QStringLiteral("Marca"),
+            QStringLiteral("UN"),    precio, moneda,      QString()};
+}
+
+} // namespace vendrix::test
