@@ -13,10 +13,7 @@ namespace {
 std::unique_ptr<LynxGrid> typed_grid(ColumnType type, std::initializer_list<const char *> cells)
 {
     auto grid = make_grid({"Clave"});
-    ColumnSpec spec;
-    spec.heading = "Valor";
-    spec.type = type;
-    grid->AddColumn(spec);
+    grid->AddColumn({.heading = "Valor", .type = type});
     int n = 0;
     for (const char *cell : cells)
         grid->AddItem(QString::number(n++) + "\t" + QString::fromUtf8(cell));
@@ -83,14 +80,6 @@ TEST(LynxGridSort, MovesNoCellDataAndTheCurrentRowFollowsItsRecord)
     EXPECT_EQ(done.count(), 1);
 }
 
-TEST(LynxGridTotals, EmptyGridTotalsZero)
-{
-    auto grid = make_grid({"Cant.", "Importe"});
-    grid->setColSummed(1, true);
-    EXPECT_DOUBLE_EQ(grid->TotalsCol(1), 0.0);
-    EXPECT_DOUBLE_EQ(grid->TotalsCol(5), 0.0);
-}
-
 TEST(LynxGridTotals, SumsCommaAndPointDecimalsAndCountsEmptyAsZero)
 {
     auto grid = make_grid({"Cant.", "Importe"}, {"1\t1,5", "2\t2.5", "3\t", "1\t10 (oferta)"});
@@ -107,17 +96,5 @@ TEST(LynxGridTotals, SumsCommaAndPointDecimalsAndCountsEmptyAsZero)
     grid->FilterOff();
     grid->Clear();
     EXPECT_DOUBLE_EQ(grid->TotalsCol(1), 0.0);
-}
-
-TEST(LynxGridTotals, CaptionsAreKeptByIndex)
-{
-    auto grid = make_grid({"Cant.", "Artículo", "Precio", "Importe"});
-    grid->setTotalsLineShow(true);
-    grid->setTotalsLineCaption(3, "Total:");
-    grid->setTotalsLineCaption(0, "Cant. Art.:");
-    EXPECT_TRUE(grid->TotalsLineShow());
-    EXPECT_EQ(grid->TotalsLineCaption(3), "Total:");
-    EXPECT_EQ(grid->TotalsLineCaption(0), "Cant. Art.:");
-    EXPECT_EQ(grid->TotalsLineCaption(1), "");
-    EXPECT_EQ(grid->TotalsLineCaption(-1), "");
+    EXPECT_DOUBLE_EQ(grid->TotalsCol(5), 0.0);
 }
