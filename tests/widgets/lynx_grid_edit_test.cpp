@@ -74,10 +74,7 @@ TEST(LynxGridEdit, EditKeyPressMayChangeOrDropTheFilteredKey)
     grid->setEditKeyPressHandler([&](int col, int &key) {
         EXPECT_EQ(col, 0);
         seen.push_back(key);
-        if (key == '.')
-            key = ',';
-        if (key == '-')
-            key = 0;
+        key = key == '.' ? ',' : key == '-' ? 0 : key;
     });
     type_into(*grid, 0, 0, "1.5-a");
     EXPECT_EQ(grid->CellText(0, 0), "1,5");
@@ -89,8 +86,7 @@ TEST(LynxGridEdit, AfterEditCancelKeepsTheOldValueAndMayRewriteTheNewOne)
 {
     auto grid = edit_grid();
     grid->setAfterEditHandler([](int row, int col, QString &value, bool &cancel) {
-        EXPECT_EQ(row, 0);
-        EXPECT_EQ(col, 0);
+        EXPECT_TRUE(row == 0 && col == 0);
         cancel = value.isEmpty() || value == "0";
         value = value + ",00";
     });

@@ -31,13 +31,14 @@ TEST(LynxGridSort, NumbersSortByValue)
     EXPECT_EQ(column_texts(*grid, 1), QStringList({"100", "10", "9", "2.25", "", "abc", "-1,5"}));
 }
 
+// Texts equal but for case keep their order.
 TEST(LynxGridSort, TextSortsIgnoringCaseInSpanishOrder)
 {
-    auto grid = typed_grid(ColumnType::Text, {"tuerca", "Arandela", "BULON", "oring", "arandela chica",
-                                              "Ñandú", "Tornillo", "nudo", "Ácido"});
+    auto grid = typed_grid(ColumnType::Text, {"tuerca", "Arandela", "BULON", "bulon", "oring",
+                                              "arandela chica", "Ñandú", "Tornillo", "nudo", "Ácido"});
     grid->Sort(1, true);
-    EXPECT_EQ(column_texts(*grid, 1), QStringList({"Ácido", "Arandela", "arandela chica", "BULON", "nudo",
-                                                   "Ñandú", "oring", "Tornillo", "tuerca"}));
+    EXPECT_EQ(column_texts(*grid, 1), QStringList({"Ácido", "Arandela", "arandela chica", "BULON", "bulon",
+                                                   "nudo", "Ñandú", "oring", "Tornillo", "tuerca"}));
 }
 
 TEST(LynxGridSort, DatesSortByDateWithNonDatesFirst)
@@ -61,8 +62,7 @@ TEST(LynxGridSort, CustomColumnsAskTheOwner)
             swap = ascending ? v1.size() > v2.size() : v1.size() < v2.size();
         });
     grid->Sort(1, false);
-    const QStringList sorted = column_texts(*grid, 1);
-    EXPECT_EQ(sorted.mid(0, 4), QStringList({"eeeee", "dddd", "ccc", "bb"}));
+    EXPECT_EQ(column_texts(*grid, 1).mid(0, 4), QStringList({"eeeee", "dddd", "ccc", "bb"}));
     EXPECT_GT(asked, 0);
 }
 
