@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 namespace vendrix {
 namespace {
@@ -36,26 +37,19 @@ TEST(Redondear, HalfToEvenOnTheScaledDouble)
 {
     // Some values are stored just above or below the half, yet their scaled
     // doubles are exact halves or not: the figures follow the scaled double.
-    const struct {
-        double valor;
-        int decimales;
-        double esperado;
-    } casos[] = {{2.5, 0, 2},
-                 {3.5, 0, 4},
-                 {-2.5, 0, -2},
-                 {0.5, 0, 0},
-                 {10.125, 2, 10.12},
-                 {1344.915, 2, 1344.92},
-                 {3.825, 2, 3.82},
-                 {3.875, 2, 3.88},
-                 {123.715, 2, 123.72},
-                 {1233.715, 2, 1233.71},
-                 {1479.4065000000001, 2, 1479.41},
-                 {1111.504132231405, 2, 1111.5},
-                 {10.12599999, 2, 10.13},
-                 {1e20, 2, 1e20}};
-    for (const auto &c : casos)
-        EXPECT_EQ(redondear(c.valor, c.decimales), c.esperado) << c.valor << " " << c.decimales;
+    for (const auto &[valor, esperado] : {std::pair{2.5, 2.0}, {3.5, 4.0}, {-2.5, -2.0}, {0.5, 0.0}})
+        EXPECT_EQ(redondear(valor, 0), esperado) << valor;
+    for (const auto &[valor, esperado] : {std::pair{10.125, 10.12},
+                                          {1344.915, 1344.92},
+                                          {3.825, 3.82},
+                                          {3.875, 3.88},
+                                          {123.715, 123.72},
+                                          {1233.715, 1233.71},
+                                          {1479.4065000000001, 1479.41},
+                                          {1111.504132231405, 1111.5},
+                                          {10.12599999, 10.13},
+                                          {1e20, 1e20}})
+        EXPECT_EQ(redondear(valor, 2), esperado) << valor;
     EXPECT_TRUE(std::isinf(redondear(INFINITY, 2)));
 }
 
