@@ -184,14 +184,12 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Caso{quitar("Vendrix.install"), false,
              "error|Vendrix|El archivo que contiene las Listas de precios no existe.\r\nPor Favor copie el "
-             "archivo "
-             "Vendrix.vdrxdb en el directorio %CARPETA%" +
+             "archivo Vendrix.vdrxdb en el directorio %CARPETA%" +
                  kCierra,
              "Validando Existencia Listas", "El archivo de las listas no existe."},
         Caso{quitar("clientes.install"), false,
              "error|Vendrix|El archivo que contiene los datos del cliente no existe.\r\nPor Favor instale "
-             "Vendrix "
-             "nuevamente." +
+             "Vendrix nuevamente." +
                  kCierra,
              "Validando Existencia archivo cliente", "El archivo con datos del cliente no existe."},
         Caso{quitar("factura.install"), false,
@@ -213,19 +211,18 @@ INSTANTIATE_TEST_SUITE_P(
                 "para continuar deberá descargar la última versión: 3.0.0." +
                 kDescarga,
             "Validando Versión de la DB", "Versión del DB muy Antigua - No compatible con el programa."},
-        Caso{lista_de_version("2.10.0", {3, 0, 0}), true,
-             "inform" + kNuevaVersion +
-                 "Le recomendamos actualizar Vendrix a la nueva version (2.10.0) ya que contiene nuevos "
-                 "datos y "
-                 "nuevas funcionalidades que le permitirán realizar todas las operaciones de una forma mas "
-                 "cómoda y eficiente." +
-                 kDescarga,
-             "Abriendo el Programa", "Existe una versión de la Base de Datos más actualizada."},
+        Caso{
+            lista_de_version("2.10.0", {3, 0, 0}), true,
+            "inform" + kNuevaVersion +
+                "Le recomendamos actualizar Vendrix a la nueva version (2.10.0) ya que contiene nuevos datos "
+                "y nuevas funcionalidades que le permitirán realizar todas las operaciones de una forma mas "
+                "cómoda y eficiente." +
+                kDescarga,
+            "Abriendo el Programa", "Existe una versión de la Base de Datos más actualizada."},
         Caso{lista_de_version("2.9.10", {2, 9, 9}), true,
              "inform" + kNuevaVersion +
                  "Le recomendamos actualizar Vendrix a la nueva version (2.9.10) ya que contiene nuevas y "
-                 "útiles "
-                 "funcionalidades." +
+                 "útiles funcionalidades." +
                  kDescarga,
              "Abriendo el Programa", "Existe una versión de la Base de Datos más actualizada."}));
 
