@@ -1,8 +1,13 @@
 #include "core/log.h"
+#include "core/log_reader.h"
+#include "core/text_helpers.h"
+#include "support/qt_print.h"
 #include "support/test_context.h"
 
 #include <QDir>
 #include <QFile>
+
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -11,160 +16,146 @@ namespace {
 
 using test::TestApp;
 
-const QString kLog = QStringLiteral("vendrix.log");
-const QString kOld = QStringLiteral("vendrix.old");
-
-QByteArray file_of_size(qint64 size)
+FilaLog fila(const char *tipo, const QString &texto)
 {
-    // Whole lines of a previous run, padded to the exact size.
-    QByteArray bytes;
-    const QByteArray line = QByteArrayLiteral("[22/11/2026 09:00:00] [INF] - linea anterior.\r\n");
-    while (bytes.size() + line.size() <= size)
-        bytes += line;
-    bytes += QByteArray(size - bytes.size(), 'x');
-    return bytes;
+    return {"23/11/2026 10:30:00", tipo, texto};
 }
 
-TEST(LogTest, LineFormatByLevel)
+TEST(LogTest, LineFormatByLevelWithTheClockInCrLfUtf8Lines)
 {
     TestApp app;
-    const struct {
-        const char *level;
-        const char *line;
-    } cases[] = {
-        {"I", "[23/11/2026 10:30:00] [INF] - hola."}, {"P", "[23/11/2026 10:30:00] [PRN] - hola."},
-        {"A", "[23/11/2026 10:30:00] [ACT] - hola."}, {"Q", "[23/11/2026 10:30:00] [SQL] - hola."},
-        {"X", "[23/11/2026 10:30:00] [XML] - hola."}, {"E", "[23/11/2026 10:30:00] [ERR] - hola."},
-        {"T", "[23/11/2026 10:30:00] [] - hola."},
-    };
-    QStringList expected;
-    for (const auto &c : cases) {
-        app.log().escribir_log(QStringLiteral("hola"), QLatin1String(c.level));
-        expected << QLatin1String(c.line);
+    QByteArray expected;
+    for (const auto &[level, word] : {std::pair{"I", "INF"},
+                                      {"P", "PRN"},
+                                      {"A", "ACT"},
+                                      {"Q", "SQL"},
+                                      {"X", "XML"},
+                                      {"E", "ERR"},
+                                      {"T", ""}}) {
+        app.log().escribir_log("ñ", level);
+        expected += "[23/11/2026 10:30:00] [" + QByteArray(word) + "] - \xc3\xb1.\r\n";
     }
-    EXPECT_EQ(app.log_lines(), expected);
-}
-
-TEST(LogTest, DateAndTimeComeFromTheClockWithLeadingZeros)
-{
-    TestApp app;
     app.clock.set(QDateTime(QDate(2027, 1, 5), QTime(7, 4, 9)));
-    app.log().escribir_log(QStringLiteral("x"), QStringLiteral("I"));
-    EXPECT_EQ(app.log_lines(), QStringList{QStringLiteral("[05/01/2027 07:04:09] [INF] - x.")});
-}
-
-TEST(LogTest, LinesEndInCrLfAndAreUtf8)
-{
-    TestApp app;
-    app.log().escribir_log(QStringLiteral("Configuración"), QStringLiteral("A"));
-    app.log().escribir_log(QStringLiteral("ñ"), QStringLiteral("I"));
-    EXPECT_EQ(app.read_file(kLog), QByteArrayLiteral("[23/11/2026 10:30:00] [ACT] - Configuraci\xc3\xb3n.\r\n"
-                                                     "[23/11/2026 10:30:00] [INF] - \xc3\xb1.\r\n"));
+    app.log().escribir_log("x", "I");
+    EXPECT_EQ(app.read_file("vendrix.log"), expected + "[05/01/2027 07:04:09] [INF] - x.\r\n");
+    // Only the error level lights the bug indicator.
+    EXPECT_EQ(app.status.keywords, QStringList{"bug_on"});
 }
 
 TEST(LogTest, MessagesAreCleaned)
 {
     TestApp app;
     const struct {
-        QString message;
-        QString stored;
-    } cases[] = {
-        {QStringLiteral("a, b,c"), QStringLiteral("a;; b;;c")},
-        {QStringLiteral("uno\r\ndos\r\n\r\ntres"), QStringLiteral("unodostres")},
-        {QStringLiteral("uno\ndos\rtres"), QStringLiteral("unodostres")},
-        {QStringLiteral("open pwd=Kum4rt;x=Kum4rt"),
-         QStringLiteral("open pwd=[PASSWORD_VENDRIX];x=[PASSWORD_VENDRIX]")},
-        {QStringLiteral("kum4rt"), QStringLiteral("kum4rt")}, // the mask is exact, as the password is
-        {QStringLiteral("Kum4rt,\r\n1"), QStringLiteral("[PASSWORD_VENDRIX];;1")},
-    };
+        const char *message;
+        const char *stored;
+    } cases[] = {{"a, b,c", "a;; b;;c"},
+                 {"uno\r\ndos\r\n\r\ntres", "unodostres"},
+                 {"uno\ndos\rtres", "unodostres"},
+                 {"open pwd=Kum4rt;x=Kum4rt", "open pwd=[PASSWORD_VENDRIX];x=[PASSWORD_VENDRIX]"},
+                 {"kum4rt", "kum4rt"}, // the mask is exact, as the password is
+                 {"Kum4rt,\r\n1", "[PASSWORD_VENDRIX];;1"}};
     QStringList expected;
     for (const auto &c : cases) {
-        app.log().escribir_log(c.message, QStringLiteral("I"));
-        expected << c.stored + QLatin1Char('.');
-        EXPECT_EQ(Log::limpiar(c.message), c.stored);
+        app.log().escribir_log(c.message, "I");
+        expected << QString(c.stored) + '.';
     }
     EXPECT_EQ(app.log_messages(), expected);
 }
 
-TEST(LogTest, EmptyMessageLeavesTheFileUnchanged)
+TEST(LogTest, EmptyMessageLeavesTheFileUnchangedAndAFailedWriteIsSilent)
 {
     TestApp app;
-    app.log().escribir_log(QString(), QStringLiteral("I"));
-    EXPECT_FALSE(QFile::exists(app.ruta(kLog)));
-
-    app.log().escribir_log(QStringLiteral("uno"), QStringLiteral("I"));
-    const QByteArray before = app.read_file(kLog);
-    app.log().escribir_log(QString(), QStringLiteral("I"));
-    app.log().escribir_log(QString(), QStringLiteral("E"));
-    EXPECT_EQ(app.read_file(kLog), before);
+    app.log().escribir_log(QString(), "E");
+    EXPECT_FALSE(QFile::exists(app.ruta("vendrix.log")));
     EXPECT_TRUE(app.status.keywords.isEmpty());
-}
 
-TEST(LogTest, ErrorLevelLightsTheBugIndicator)
-{
-    TestApp app;
-    app.log().escribir_log(QStringLiteral("info"), QStringLiteral("I"));
-    app.log().escribir_log(QStringLiteral("aviso"), QStringLiteral("A"));
-    EXPECT_TRUE(app.status.keywords.isEmpty());
-    app.log().escribir_log(QStringLiteral("ER EXECNQ - 1 fallo"), QStringLiteral("E"));
-    EXPECT_EQ(app.status.keywords, QStringList{QStringLiteral("bug_on")});
-}
-
-TEST(LogTest, WriteFailureIsSilent)
-{
-    TestApp app;
     // vendrix.log is a folder: nothing can be written, and nothing breaks.
-    ASSERT_TRUE(QDir(app.carpeta()).mkdir(kLog));
-    app.log().escribir_log(QStringLiteral("x"), QStringLiteral("E"));
-    app.log().iniciar_log(QStringLiteral("Inicio"), QStringLiteral("I"));
-    EXPECT_EQ(app.status.keywords, QStringList{QStringLiteral("bug_on")});
+    ASSERT_TRUE(QDir(app.carpeta()).mkdir("vendrix.log"));
+    app.log().escribir_log("x", "E");
+    app.log().iniciar_log("Inicio", "E");
+    EXPECT_EQ(app.status.keywords, QStringList({"bug_on", "bug_on"}));
 }
 
-TEST(LogTest, SmallLogIsNotRotatedAndTheFirstLineIsNotWritten)
+TEST(LogTest, RotationAt100000Bytes)
 {
+    // Whole lines of a previous run, padded to the exact size.
+    const QByteArray line = "[22/11/2026 09:00:00] [INF] - linea anterior.\r\n";
+    const QByteArray previous = line.repeated(Log::kRotateAtBytes / line.size()).leftJustified(99999, 'x');
     TestApp app;
-    const QByteArray previous = file_of_size(Log::kRotateAtBytes - 1);
-    ASSERT_EQ(previous.size(), 99999);
-    app.write_file(kLog, previous);
-    app.log().iniciar_log(QStringLiteral("Inicio de la aplicación Vendrix"), QStringLiteral("I"));
-    EXPECT_EQ(app.read_file(kLog), previous);
-    EXPECT_FALSE(QFile::exists(app.ruta(kOld)));
-}
+    app.log().iniciar_log("Inicio de la aplicación Vendrix", "I");
+    EXPECT_FALSE(QFile::exists(app.ruta("vendrix.log"))); // a missing log stays missing
+    app.write_file("vendrix.log", previous);
+    app.log().iniciar_log("Inicio de la aplicación Vendrix", "I");
+    EXPECT_EQ(app.read_file("vendrix.log"), previous); // too small: the first line isn't written
+    EXPECT_FALSE(QFile::exists(app.ruta("vendrix.old")));
 
-TEST(LogTest, MissingLogIsLeftMissingAtStart)
-{
-    TestApp app;
-    app.log().iniciar_log(QStringLiteral("Inicio de la aplicación Vendrix"), QStringLiteral("I"));
-    EXPECT_FALSE(QFile::exists(app.ruta(kLog)));
-    EXPECT_FALSE(QFile::exists(app.ruta(kOld)));
-}
-
-TEST(LogTest, LogOf100000BytesRotatesIntoOld)
-{
-    TestApp app;
-    const QByteArray previous = file_of_size(Log::kRotateAtBytes);
-    app.write_file(kLog, previous);
-    app.write_file(kOld, QByteArrayLiteral("una rotacion mas antigua\r\n"));
-
+    app.write_file("vendrix.log", previous + "x");
+    app.write_file("vendrix.old", "una rotacion mas antigua\r\n");
     // The first line keeps its comma and the password: it is not cleaned.
-    app.log().iniciar_log(QStringLiteral("Inicio de la aplicación Vendrix, clave Kum4rt"),
-                          QStringLiteral("I"));
-    EXPECT_EQ(app.read_file(kOld), previous);
-    EXPECT_EQ(app.log_lines(),
-              QStringList{QStringLiteral(
-                  "[23/11/2026 10:30:00] [INF] - Inicio de la aplicación Vendrix, clave Kum4rt.")});
-
-    // What follows in the run is appended as usual.
-    app.log().escribir_log(QStringLiteral("Version: 1.0.0"), QStringLiteral("I"));
-    EXPECT_EQ(app.log_lines().size(), 2);
-    EXPECT_EQ(app.read_file(kOld), previous);
+    app.log().iniciar_log("Inicio de la aplicación Vendrix, clave Kum4rt", "I");
+    app.log().escribir_log("Version: 1.0.0", "I");
+    EXPECT_EQ(app.read_file("vendrix.old"), previous + "x");
+    EXPECT_EQ(app.log_lines(), QStringList({"[23/11/2026 10:30:00] [INF] - Inicio de la aplicación Vendrix, "
+                                            "clave Kum4rt.",
+                                            "[23/11/2026 10:30:00] [INF] - Version: 1.0.0."}));
 }
 
-TEST(LogTest, RotationWithErrorLevelLightsTheIndicator)
+TEST(LogReaderTest, RowsGetTheirViewerWordAndShowTheStoredComma)
 {
     TestApp app;
-    app.log().iniciar_log(QStringLiteral("x"), QStringLiteral("E"));
-    EXPECT_EQ(app.status.keywords, QStringList{QStringLiteral("bug_on")});
+    for (const char *level : {"I", "E", "A", "Q", "P", "X", "T"})
+        app.log().escribir_log(QString(level) + ", 1,50", level);
+    // Printer lines show as SQL; bare text has no level word and no row.
+    const std::vector<FilaLog> expected = {fila("INFO", "I, 1,50."),   fila("ERROR", "E, 1,50."),
+                                           fila("ACTION", "A, 1,50."), fila("SQL", "Q, 1,50."),
+                                           fila("SQL", "P, 1,50."),    fila("XML", "X, 1,50.")};
+    EXPECT_EQ(leer_filas_log(app.log().ruta_log(), kTodosLosNiveles), expected);
+    // Each check box shows its level alone.
+    for (int box = kFiltroInfo; box <= kFiltroXml; ++box) {
+        FiltrosLog filtros{};
+        filtros[box] = true;
+        EXPECT_EQ(leer_filas_log(app.log().ruta_log(), filtros), std::vector<FilaLog>{expected[box]}) << box;
+    }
+    // Lines without a level are skipped; a line quoting another level keeps its own.
+    EXPECT_EQ(filas_log("\r\ntexto sin cierre [INF - x\r\n\n[f] [ACT] - copia de [ERR] - algo.\nresto",
+                        kTodosLosNiveles),
+              (std::vector<FilaLog>{{"f", "ACTION", "copia de [ERR] - algo."}}));
+}
+
+TEST(LogReaderTest, SizeCaptions)
+{
+    const struct {
+        qint64 bytes;
+        const char *text;
+    } cases[] = {{0, "0 Bytes"},       {1023, "1023 Bytes"},    {1024, "1,00 KB"},
+                 {1152, "1,13 KB"},    {1048575, "1024,00 KB"}, {1048576, "1,00 MB"},
+                 {5000000, "4,77 MB"}, {5368709120, "5,00 GB"}, {1073741823, "1024,00 MB"}};
+    for (const auto &c : cases)
+        EXPECT_EQ(tamano_archivo_texto(c.bytes), c.text) << c.bytes;
+    TestApp app;
+    EXPECT_EQ(titulo_marco_log(app.log().ruta_log()), "Log (0 Bytes)");
+    app.write_file("vendrix.log", QByteArray(2048, 'x'));
+    EXPECT_EQ(titulo_marco_log(app.log().ruta_log()), "Log (2,00 KB)");
+}
+
+TEST(LogReaderTest, XmlDetailIsMadeReadableInSixPasses)
+{
+    EXPECT_EQ(detalle_log(fila("XML", "<a><b>1</b>    <c>2</c> </a>")),
+              "<a>\r\n<b>1</b>\r\n<c>2</c>\r\n</a>");
+    EXPECT_EQ(detalle_log(fila("SQL", "<a><b>  x")), "<a><b>  x"); // other rows show their text as it is
+    EXPECT_EQ(detalle_log(fila("XML", "a" + QString(64, ' ') + "b")), "a b");
+    EXPECT_EQ(detalle_log(fila("XML", "a" + QString(65, ' ') + "b")), "a  b");
+}
+
+TEST(LogReaderTest, ClearingDeletesTheLogLogsItAndTurnsTheIndicatorOff)
+{
+    TestApp app;
+    app.log().escribir_log("ER algo", "E");
+    EXPECT_TRUE(borrar_log(app.log(), app.status));
+    EXPECT_EQ(
+        app.log_lines(),
+        QStringList{"[23/11/2026 10:30:00] [ACT] - Configuración - Se Borro el log a pedido del usuario."});
+    EXPECT_EQ(app.status.keywords, QStringList({"bug_on", "bug_off"}));
 }
 
 } // namespace

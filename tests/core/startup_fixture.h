@@ -44,22 +44,21 @@ struct Arranque {
     explicit Arranque(bool failing = false) : app(failing), instancia(app.carpeta())
     {
         options.version = {2, 9, 9};
-        options.sistema = {QStringLiteral("cajero"), false, QStringLiteral("Debian GNU/Linux 12 (bookworm)")};
+        options.sistema = {"cajero", false, "Debian GNU/Linux 12 (bookworm)"};
     }
 
     // The seeds an installation ships: a price list with the given
     // parameters, the empty shop database and the invoice page.
-    void instalar(const QString &cliente = QStringLiteral("Ferretería Sur"),
-                  const QString &version = QStringLiteral("2.9.9"))
+    void instalar(const QString &cliente = "Ferretería Sur", const QString &version = "2.9.9")
     {
         crear_archivo_de_precios(
-            app.ruta(QStringLiteral("Vendrix.install")),
-            {QStringLiteral("INSERT INTO xls_parametros VALUES ('CLIENTE', '%1'), ('VERSION', '%2'), "
-                            "('FECHA', '20/11/2026')")
+            app.ruta("Vendrix.install"),
+            {QString("INSERT INTO xls_parametros VALUES ('CLIENTE', '%1'), ('VERSION', '%2'), "
+                     "('FECHA', '20/11/2026')")
                  .arg(cliente, version),
-             QStringLiteral("INSERT INTO xls_proveedores VALUES ('Acme', '20/11/2026')")});
-        app.copy_seed(QStringLiteral("clientes.install"), QStringLiteral("clientes.install"));
-        app.write_file(QStringLiteral("factura.install"), "<html>factura</html>");
+             "INSERT INTO xls_proveedores VALUES ('Acme', '20/11/2026')"});
+        app.copy_seed("clientes.install", "clientes.install");
+        app.write_file("factura.install", "<html>factura</html>");
     }
 
     ResultadoArranque ejecutar() { return ejecutar_arranque(app.ctx(), splash, instancia, options); }

@@ -14,191 +14,160 @@ namespace {
 
 TEST(ImportMode, TheLastDotOfTheCommandLineDecides)
 {
-    struct Caso {
-        const char *linea;
-        bool importa;
-    };
-    const Caso casos[] = {
-        {"\"/home/cajero/Descargas/lista.final.vdrxdb\"", true},
-        {"/tmp/lista.vdrxdb", true},
-        {"\"lista.vdrxdb\"", true},
-        {"lista.vdrxdb.bak", false},
-        {"lista.VDRXDB", false},
-        {"lista.vdrxdb ", false},
-        {"vdrxdb", false},
-        {"", false},
-    };
-    for (const Caso &c : casos)
-        EXPECT_EQ(es_archivo_de_listas(QString::fromUtf8(c.linea)), c.importa) << c.linea;
+    for (const char *line : {"\"/home/cajero/Descargas/lista.final.vdrxdb\"", "/tmp/lista.vdrxdb"})
+        EXPECT_TRUE(es_archivo_de_listas(line)) << line;
+    for (const char *line : {"lista.vdrxdb.bak", "lista.VDRXDB", "lista.vdrxdb ", "vdrxdb", ""})
+        EXPECT_FALSE(es_archivo_de_listas(line)) << line;
 }
 
 // A folder already in use, with its list of last month, and a new list in
 // another folder as a double-click hands it over.
-struct Importacion {
+struct Importacion : ::testing::Test {
     explicit Importacion(bool failing = false) : run(failing)
     {
-        run.instalar(QStringLiteral("Viejo"));
+        run.instalar("Viejo");
         EXPECT_TRUE(run.ejecutar().continuar);
         run.app.op.clear();
-        run.splash.captions.clear();
-        nueva = QDir(otra.path()).filePath(QStringLiteral("lista.final.vdrxdb"));
         crear_archivo_de_precios(
-            nueva, {QStringLiteral("INSERT INTO xls_parametros VALUES ('CLIENTE', 'Ferretería Sur'), "
-                                   "('FECHA', '20/11/2026'), ('VERSION', '2.9.9')"),
-                    QStringLiteral("INSERT INTO xls_proveedores VALUES ('Acme', '20/11/2026'), ('Bulonera', "
-                                   "'20/11/2026'), ('Bulonera', '19/11/2026')"),
-                    QStringLiteral("INSERT INTO xls_listas (Proveedor, Codigo, Descripcion, Precio) VALUES "
-                                   "('Acme', 'A1', 'Martillo', '100')")});
-        run.options.linea_de_comandos = QLatin1Char('"') + nueva + QLatin1Char('"');
+            nueva,
+            {"INSERT INTO xls_parametros VALUES ('CLIENTE', 'Ferretería Sur'), ('FECHA', '20/11/2026'), "
+             "('VERSION', '2.9.9')",
+             "INSERT INTO xls_proveedores VALUES ('Acme', '20/11/2026'), ('Bulonera', '20/11/2026'), "
+             "('Bulonera', '19/11/2026')",
+             "INSERT INTO xls_listas (Proveedor, Codigo, Descripcion, Precio) VALUES ('Acme', 'A1', "
+             "'Martillo', '100')"});
+        run.options.linea_de_comandos = '"' + nueva + '"';
+        before = run.app.read_file("Vendrix.vdrxdb");
     }
 
-    QString valor_lista(const QString &sql)
-    {
-        return run.app.db().execQ1(sql, QStringLiteral("external"));
-    }
+    QString lista(const QString &sql) { return run.app.db().execQ1(sql, "external"); }
+    QStringList shown() const { return run.app.op.lines(); }
 
     Arranque run;
     QTemporaryDir otra;
-    QString nueva;
+    QString nueva = QDir(otra.path()).filePath("lista.final.vdrxdb");
+    QByteArray before;
 };
 
-const QString kPregunta = QStringLiteral(
+struct FailingImport : Importacion {
+    FailingImport() : Importacion(true) {}
+};
+
+const QString kPregunta =
     "ask|Importar Datos|Está intentando importar una base de datos preparada especialmente para 'Ferretería "
     "Sur' "
-    "con fecha '20/11/2026'. ¿Está seguro que desea reemplazar los datos datos ya existentes?");
+    "con fecha '20/11/2026'. ¿Está seguro que desea reemplazar los datos datos ya existentes?";
 
-TEST(ImportMode, NoEndsTheRunWithTheOldListInPlace)
+TEST_F(Importacion, NoEndsTheRunWithTheOldListInPlace)
 {
-    Importacion imp;
-    const QByteArray before = imp.run.app.read_file(QStringLiteral("Vendrix.vdrxdb"));
-    imp.run.app.op.answer(false);
-
-    EXPECT_FALSE(imp.run.ejecutar().continuar);
-
-    EXPECT_EQ(imp.run.app.op.lines(), QStringList{kPregunta});
-    EXPECT_EQ(imp.run.app.read_file(QStringLiteral("Vendrix.vdrxdb")), before);
-    EXPECT_EQ(imp.run.splash.captions.last(), QStringLiteral("Importando Archivo"));
-    EXPECT_TRUE(imp.run.app.log_messages().contains(
-        "Vendrix se abrio en modo importación. El archivo a importar es: \"" + imp.nueva + "\"."));
-    EXPECT_FALSE(QFile::exists(imp.run.app.ruta(QStringLiteral("Vendrix.vdrxdb.importando"))));
+    run.app.op.answer(false);
+    EXPECT_FALSE(run.ejecutar().continuar);
+    EXPECT_EQ(shown(), QStringList{kPregunta});
+    EXPECT_EQ(run.app.read_file("Vendrix.vdrxdb"), before);
+    EXPECT_EQ(run.splash.captions.last(), "Importando Archivo");
+    EXPECT_TRUE(run.app.log_messages().contains(
+        "Vendrix se abrio en modo importación. El archivo a importar es: \"" + nueva + "\"."));
 }
 
-TEST(ImportMode, YesReplacesTheListAndBringsOwnArticlesAndSuppliers)
+TEST_F(Importacion, YesReplacesTheListAndBringsOwnArticlesAndSuppliers)
 {
-    Importacion imp;
-    Database &db = imp.run.app.db();
-    const QString internal = QStringLiteral("internal");
+    Database &db = run.app.db();
     ASSERT_TRUE(
-        db.execNQ(QStringLiteral("INSERT INTO vendrix_listas_custom (Proveedor, Codigo, Descripcion, "
-                                 "Precio, Moneda) VALUES ('Propio', 'P1', 'Tornillo especial', '12.5', "
-                                 "'$'), ('Propio', 'P2', 'Arandela', '3', '$')"),
-                  internal));
-    ASSERT_TRUE(db.execNQ(QStringLiteral("INSERT INTO vendrix_clientes (NOMBRE, TIPO_RECORD) VALUES "
-                                         "('Acme', 'Proveedor Mercadería'), (NULL, 'Cliente')"),
-                          internal));
+        db.execNQ("INSERT INTO vendrix_listas_custom (Proveedor, Codigo, Descripcion, Precio, Moneda) "
+                  "VALUES ('Propio', 'P1', 'Tornillo especial', '12.5', '$'), ('Propio', 'P2', "
+                  "'Arandela', '3', '$')",
+                  "internal"));
+    ASSERT_TRUE(db.execNQ("INSERT INTO vendrix_clientes (NOMBRE, TIPO_RECORD) VALUES ('Acme', 'Proveedor "
+                          "Mercadería'), (NULL, 'Cliente')",
+                          "internal"));
     db.cerrar();
-    imp.run.app.op.answer(true);
+    run.app.op.answer(true);
 
-    const ResultadoArranque result = imp.run.ejecutar();
+    const ResultadoArranque result = run.ejecutar();
 
     EXPECT_TRUE(result.continuar);
-    EXPECT_EQ(result.titulo, QStringLiteral("Vendrix - Ferretería Sur"));
-    EXPECT_EQ(
-        imp.run.app.op.lines(),
-        QStringList({kPregunta, "inform|Nueva Versión del programa|Se importaron los datos correctamente."}));
-    EXPECT_EQ(imp.valor_lista(QStringLiteral("SELECT VALOR FROM xls_parametros WHERE CLAVE = 'CLIENTE'")),
-              QStringLiteral("Ferretería Sur"));
-    EXPECT_EQ(imp.valor_lista(QStringLiteral("SELECT group_concat(Codigo || '=' || Descripcion || '=' || "
-                                             "Precio, ';') FROM (SELECT * FROM xls_listas ORDER BY Codigo)")),
-              QStringLiteral("A1=Martillo=100;P1=Tornillo especial=12.5;P2=Arandela=3"));
+    EXPECT_EQ(result.titulo, "Vendrix - Ferretería Sur");
+    EXPECT_EQ(shown(), QStringList({kPregunta, "inform|Nueva Versión del programa|Se importaron los datos "
+                                               "correctamente."}));
+    EXPECT_EQ(lista("SELECT group_concat(Codigo || '=' || Descripcion || '=' || Precio, ';') FROM (SELECT * "
+                    "FROM xls_listas ORDER BY Codigo)"),
+              "A1=Martillo=100;P1=Tornillo especial=12.5;P2=Arandela=3");
     // Acme was already a supplier of the shop; Bulonera joins once.
-    EXPECT_EQ(db.execQ1(QStringLiteral("SELECT group_concat(NOMBRE || '/' || BORRABLE || '/' || TIPO_RECORD, "
-                                       "';') FROM vendrix_clientes WHERE BORRABLE IS NOT NULL"),
-                        internal),
-              QStringLiteral("Bulonera/N/Proveedor Mercadería"));
+    EXPECT_EQ(db.execQ1("SELECT group_concat(NOMBRE || '/' || BORRABLE || '/' || TIPO_RECORD, ';') FROM "
+                        "vendrix_clientes WHERE BORRABLE IS NOT NULL",
+                        "internal"),
+              "Bulonera/N/Proveedor Mercadería");
     // The new list is read-only again for the rest of the run.
-    EXPECT_FALSE(db.execNQ(QStringLiteral("DELETE FROM xls_listas"), QStringLiteral("external")));
-    // The file handed over is left where it was.
-    EXPECT_TRUE(QFile::exists(imp.nueva));
+    EXPECT_FALSE(db.execNQ("DELETE FROM xls_listas", "external"));
+    EXPECT_TRUE(QFile::exists(nueva)); // the file handed over is left where it was
 
-    const QStringList log = imp.run.app.log_messages();
+    const QStringList log = run.app.log_messages();
     const qsizetype at =
-        log.indexOf("Se importó correctamente la lista de precios " + imp.nueva +
+        log.indexOf("Se importó correctamente la lista de precios " + nueva +
                     " preparada especialmente para 'Ferretería Sur' con fecha '20/11/2026'.");
     ASSERT_GE(at, 0) << log.join('\n').toStdString();
-    EXPECT_EQ(log.at(at + 1), QStringLiteral("Se importaron 2 datos de la tabla Vendrix_listas_custom.."));
-    EXPECT_EQ(log.at(at + 2),
-              QStringLiteral("Intento actualizar los proveedores de las listas en la tabla de clientes.."));
-    EXPECT_EQ(log.at(at + 3),
-              QStringLiteral("Se actualizo los proveedores de las listas en la tabla de clientes.."));
+    EXPECT_EQ(log.mid(at + 1, 3),
+              QStringList({"Se importaron 2 datos de la tabla Vendrix_listas_custom..",
+                           "Intento actualizar los proveedores de las listas en la tabla de clientes..",
+                           "Se actualizo los proveedores de las listas en la tabla de clientes.."}));
 }
 
-TEST(ImportMode, OwnArticlesComeAllOrNone)
+TEST_F(FailingImport, OwnArticlesComeAllOrNone)
 {
-    Importacion imp(true);
-    Database &db = imp.run.app.db();
-    ASSERT_TRUE(db.execNQ(QStringLiteral("INSERT INTO vendrix_listas_custom (Proveedor, Codigo) VALUES "
-                                         "('Propio', 'P1'), ('Propio', 'P2')"),
-                          QStringLiteral("internal")));
-    imp.run.app.failing_db().fail_matching(QStringLiteral("COMMIT"));
-    imp.run.app.op.answer(true);
+    ASSERT_TRUE(run.app.db().execNQ(
+        "INSERT INTO vendrix_listas_custom (Proveedor, Codigo) VALUES ('Propio', 'P1'), ('Propio', 'P2')",
+        "internal"));
+    run.app.failing_db().fail_matching("COMMIT");
+    run.app.op.answer(true);
 
-    EXPECT_TRUE(imp.run.ejecutar().continuar);
+    EXPECT_TRUE(run.ejecutar().continuar);
 
-    imp.run.app.failing_db().heal();
-    EXPECT_EQ(imp.valor_lista(QStringLiteral("SELECT count(*) FROM xls_listas")), QStringLiteral("1"));
-    EXPECT_TRUE(imp.run.app.log_messages().contains(
-        QStringLiteral("Se importaron 0 datos de la tabla Vendrix_listas_custom..")));
+    run.app.failing_db().heal();
+    EXPECT_EQ(lista("SELECT count(*) FROM xls_listas"), "1");
+    EXPECT_TRUE(run.app.log_messages().contains("Se importaron 0 datos de la tabla Vendrix_listas_custom.."));
 }
 
-TEST(ImportMode, AFileThatIsNotAPriceListLeavesTheOldOneAndTheRunGoesOn)
+TEST_F(Importacion, AFileThatIsNotAPriceListLeavesTheOldOneAndTheRunGoesOn)
 {
-    Importacion imp;
-    const QByteArray before = imp.run.app.read_file(QStringLiteral("Vendrix.vdrxdb"));
-    QFile::remove(imp.nueva);
-    QFile bad(imp.nueva);
+    QFile::remove(nueva);
+    QFile bad(nueva);
     ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
     bad.write("no es una lista");
     bad.close();
 
-    EXPECT_TRUE(imp.run.ejecutar().continuar);
+    EXPECT_TRUE(run.ejecutar().continuar);
 
-    EXPECT_EQ(imp.run.app.op.lines(),
-              QStringList{"error|Error al Importar Datos|El archivo " + imp.nueva +
-                          " no es una lista de precios de Vendrix o está dañado.\r\nSe conserva la lista de "
-                          "precios anterior."});
-    EXPECT_EQ(imp.run.app.read_file(QStringLiteral("Vendrix.vdrxdb")), before);
+    EXPECT_EQ(shown(), QStringList{"error|Error al Importar Datos|El archivo " + nueva +
+                                   " no es una lista de precios de Vendrix o está dañado.\r\nSe conserva la "
+                                   "lista de precios anterior."});
+    EXPECT_EQ(run.app.read_file("Vendrix.vdrxdb"), before);
 }
 
-TEST(ImportMode, AFolderThatCannotBeWrittenEndsTheRun)
+TEST_F(Importacion, AFolderThatCannotBeWrittenEndsTheRun)
 {
-    Importacion imp;
     // A folder in the probe file's place makes the probe fail for any user.
-    ASSERT_TRUE(QDir(imp.run.app.carpeta()).mkdir(QStringLiteral("000.$000000000000000000000000000$")));
-    const QByteArray before = imp.run.app.read_file(QStringLiteral("Vendrix.vdrxdb"));
+    ASSERT_TRUE(QDir(run.app.carpeta()).mkdir("000.$000000000000000000000000000$"));
 
-    EXPECT_FALSE(imp.run.ejecutar().continuar);
+    EXPECT_FALSE(run.ejecutar().continuar);
 
-    EXPECT_EQ(
-        imp.run.app.op.lines(),
-        QStringList{"error|Error al Importar Datos|Vendrix no tiene permisos para importar la nueva base de "
-                    "datos.\r\n Si usted no es un usuario administrador de su computadora, por favor cambie "
-                    "el usuario o eleve los permisos e inténtelo nuevamente.\r\n El programa se cerrará.."});
-    EXPECT_EQ(imp.run.app.read_file(QStringLiteral("Vendrix.vdrxdb")), before);
-    EXPECT_TRUE(imp.run.app.log_lines().last().endsWith(
-        QStringLiteral("[ERR] - Permisos insuficientes para improtar la base de datos.")));
+    EXPECT_EQ(shown(),
+              QStringList{"error|Error al Importar Datos|Vendrix no tiene permisos para importar la "
+                          "nueva base de datos.\r\n Si usted no es un usuario administrador de su "
+                          "computadora, por favor cambie el usuario o eleve los permisos e inténtelo "
+                          "nuevamente.\r\n El programa se cerrará.."});
+    EXPECT_EQ(run.app.read_file("Vendrix.vdrxdb"), before);
+    EXPECT_TRUE(run.app.log_lines().last().endsWith(
+        "[ERR] - Permisos insuficientes para improtar la base de datos."));
 }
 
-TEST(ImportMode, AListWithoutShopNameAsksTheGeneralQuestion)
+TEST_F(Importacion, AListWithoutShopNameAsksTheGeneralQuestion)
 {
-    Importacion imp;
-    ejecutar_en_archivo(imp.nueva, {QStringLiteral("DELETE FROM xls_parametros WHERE CLAVE = 'FECHA'")});
-    imp.run.app.op.answer(false);
-    EXPECT_FALSE(imp.run.ejecutar().continuar);
-    EXPECT_EQ(
-        imp.run.app.op.lines(),
-        QStringList{"ask|Importar Datos|Está intentando importar una nueva base de datos. ¿Está seguro que "
-                    "desea reemplazar los datos datos ya existentes?"});
+    ejecutar_en_archivo(nueva, {"DELETE FROM xls_parametros WHERE CLAVE = 'FECHA'"});
+    run.app.op.answer(false);
+    EXPECT_FALSE(run.ejecutar().continuar);
+    EXPECT_EQ(shown(),
+              QStringList{"ask|Importar Datos|Está intentando importar una nueva base de datos. ¿Está "
+                          "seguro que desea reemplazar los datos datos ya existentes?"});
 }
 
 } // namespace

@@ -1,8 +1,8 @@
+#include "core/text_helpers.h"
 #include "core/validators.h"
 
-#include "support/scripted_operator.h"
-
 #include "support/qt_print.h"
+#include "support/scripted_operator.h"
 
 #include <gtest/gtest.h>
 
@@ -11,114 +11,106 @@ namespace {
 
 using test::ScriptedOperator;
 
-const QString kCuitLargo = QStringLiteral(
-    "inform|Vendrix|El CUIT ingresado es Incorrecto. Ingrese el cuit con el formato:\r\n\r\nNN-NNNNNNNN-N");
-const QString kCuitDigito =
-    QStringLiteral("inform|Vendrix|El CUIT ingresado es Incorrecto. Ingrese el cuit con el siguiente "
-                   "formato:\r\n\r\nNN-NNNNNNNN-N");
-
-TEST(ValidarCuit, CheckDigitAndMessages)
+// What a check shows for a text: "" when it passes without a message.
+template <typename Check> QString shown(Check check, const char *text)
 {
-    const struct {
-        const char *cuit;
-        bool valido;
-        const QString *mensaje;
-    } casos[] = {
-        {"20-12345678-6", true, nullptr},
-        {"30-50001091-2", true, nullptr},
-        {"20-00000001-1", true, nullptr}, // remainder 1 stays 1
-        {"20-00000006-0", true, nullptr}, // remainder 0 stays 0
-        {"20-12345678-5", false, &kCuitDigito},
-        // Eleven digits without dashes pass the length test and are then read
-        // at the dashed positions.
-        {"20123456786", false, &kCuitDigito},
-        {"20-1234567-6", false, &kCuitLargo},
-        {"20-12345678-66", false, &kCuitLargo},
-        {"", false, &kCuitLargo},
-    };
-    for (const auto &c : casos) {
-        ScriptedOperator op;
-        EXPECT_EQ(validar_CUIT(op, QString::fromUtf8(c.cuit)), c.valido) << c.cuit;
-        EXPECT_EQ(op.lines(), c.mensaje ? QStringList{*c.mensaje} : QStringList{}) << c.cuit;
-    }
+    ScriptedOperator op;
+    const bool ok = check(op, QString(text));
+    EXPECT_EQ(ok, op.empty()) << text;
+    return op.lines().join('\n');
 }
 
-TEST(ValidarDni, SevenOrEightNumericCharacters)
+TEST(Validators, CuitCheckDigitAndDniLength)
 {
-    const struct {
-        const char *dni;
-        bool valido;
-    } casos[] = {{"1234567", true},    {"12345678", true}, {"123456", false},
-                 {"123456789", false}, {"12a4567", false}, {"", false}};
-    for (const auto &c : casos) {
-        ScriptedOperator op;
-        EXPECT_EQ(validar_DNI(op, QString::fromUtf8(c.dni)), c.valido) << c.dni;
-        const QStringList esperado =
-            c.valido ? QStringList{}
-                     : QStringList{
-                           QStringLiteral("inform|Vendrix|El DNI ingresado es Incorrecto. Controle que sea "
-                                          "un valor numeríco.")};
-        EXPECT_EQ(op.lines(), esperado) << c.dni;
-    }
+    const QString cuit = "inform|Vendrix|El CUIT ingresado es Incorrecto. Ingrese el cuit con el ";
+    const QString formato = "formato:\r\n\r\nNN-NNNNNNNN-N";
+    // Remainders 1 and 0 stay as they are.
+    for (const char *ok : {"20-12345678-6", "30-50001091-2", "20-00000001-1", "20-00000006-0"})
+        EXPECT_EQ(shown(validar_CUIT, ok), "") << ok;
+    // Eleven digits without dashes pass the length test and are then read at
+    // the dashed positions.
+    for (const char *bad : {"20-12345678-5", "20123456786"})
+        EXPECT_EQ(shown(validar_CUIT, bad), cuit + "siguiente " + formato) << bad;
+    for (const char *bad : {"20-1234567-6", "20-12345678-66"})
+        EXPECT_EQ(shown(validar_CUIT, bad), cuit + formato) << bad;
+    for (const char *ok : {"1234567", "12345678"})
+        EXPECT_EQ(shown(validar_DNI, ok), "") << ok;
+    for (const char *bad : {"123456", "123456789", "12a4567"})
+        EXPECT_EQ(shown(validar_DNI, bad),
+                  "inform|Vendrix|El DNI ingresado es Incorrecto. Controle que sea un valor numeríco.");
 }
 
-struct CasoTecla {
+// For a kind of box and the box's text: the keys that pass and the keys
+// that become 0.
+struct Teclas {
     const char *kind;
     const char *texto;
-    int tecla;
-    bool pasa;
+    std::vector<int> pasan;
+    std::vector<int> no_pasan;
 };
 
-TEST(FiltroTeclaFormula, KeysAdmittedByKind)
+template <typename Filtro> void espera_teclas(Filtro filtro, std::initializer_list<Teclas> casos)
 {
-    const CasoTecla casos[] = {
-        {"ganancia", "", '5', true},
-        {"ganancia", "", ',', true},
-        {"ganancia", "", '.', false},
-        {"ganancia", "", '+', true},
-        {"ganancia", "", 107, true},
-        {"ganancia", "", '-', false},
-        {"ganancia", "", 109, false},
-        {"ganancia", "", 8, true},
-        {"ganancia", "", 13, false},
-        {"descuento", "", '-', true},
-        {"descuento", "", 109, true},
-        {"descuento", "", '+', true},
-        {"descuento", "", '*', false},
-        {"enteros", "", '7', true},
-        {"enteros", "", ',', false},
-        {"enteros", "", 8, true},
-        {"reales", "", ',', true},
-        {"reales", "", '+', false},
-        {"otra", "", '5', false},
-        // A second decimal mark isn't stopped by the formula filter.
-        {"reales", "1,5", ',', true},
-    };
     for (const auto &c : casos) {
-        int key = c.tecla;
-        const bool rechazada =
-            filtro_tecla_formula(QString::fromUtf8(c.texto), key, QString::fromUtf8(c.kind));
-        EXPECT_EQ(!rechazada, c.pasa) << c.kind << " " << c.tecla;
-        EXPECT_EQ(key, c.pasa ? c.tecla : 0) << c.kind << " " << c.tecla;
+        for (const bool pasa : {true, false}) {
+            for (const int tecla : pasa ? c.pasan : c.no_pasan) {
+                int key = tecla;
+                EXPECT_EQ(filtro(QString(c.texto), key, QString(c.kind)), !pasa); // true: refused, beep
+                EXPECT_EQ(key, pasa ? tecla : 0) << c.kind << " '" << c.texto << "' " << tecla;
+            }
+        }
     }
 }
 
-TEST(FiltroTeclaNumero, DecimalMarkOnlyOnceInARealBox)
+TEST(FiltroTecla, KeysAdmittedByKind)
 {
-    const CasoTecla casos[] = {
-        {"real", "", '5', true},       {"real", "", 9, true},       {"real", "", 12, true},
-        {"real", "", 37, true},        {"real", "", 40, true},      {"real", "", 41, false},
-        {"real", "12", ',', true},     {"real", "1,2", ',', false}, {"real", "1,2+3", ',', true},
-        {"integer", "12", ',', false}, {"real", "", '.', false},    {"real", "", 13, false},
-        {"integer", "", 8, true},
-    };
-    for (const auto &c : casos) {
-        int key = c.tecla;
-        const bool rechazada =
-            filtro_tecla_numero(QString::fromUtf8(c.texto), key, QString::fromUtf8(c.kind));
-        EXPECT_EQ(!rechazada, c.pasa) << c.kind << " '" << c.texto << "' " << c.tecla;
-        EXPECT_EQ(key, c.pasa ? c.tecla : 0);
-    }
+    // A second decimal mark isn't stopped by the formula filter, while a
+    // real box of the number filter stops it.
+    espera_teclas(filtro_tecla_formula, {{"ganancia", "", {'5', ',', '+', 107, 8}, {'.', '-', 109, 13}},
+                                         {"descuento", "", {'-', 109, '+', 107}, {'*'}},
+                                         {"enteros", "", {'7', 8}, {',', '+'}},
+                                         {"reales", "1,5", {','}, {'+', '.'}},
+                                         {"otra", "", {}, {'5'}}});
+    espera_teclas(filtro_tecla_numero, {{"real", "12", {'5', 8, 9, 12, 37, 40, ','}, {41, '.', 13, 'a'}},
+                                        {"real", "1,2", {}, {','}},
+                                        {"real", "1,2+3", {','}, {}},
+                                        {"integer", "12", {'5'}, {','}}});
+}
+
+TEST(TieneUnSeparador, TheLastSignOrMarkDecides)
+{
+    for (const char *yes : {"", "12", "1,5+2", "3-", "1.5"})
+        EXPECT_TRUE(tiene_un_separador(QString(yes))) << yes;
+    for (const char *no : {"1,5", "1,5+2,3", "1,"})
+        EXPECT_FALSE(tiene_un_separador(QString(no))) << no;
+}
+
+TEST(TextHelpers, ListSearchPaddingAndUrlEncoding)
+{
+    EXPECT_EQ(buscar_en_lista({"a", "b", "c", "b"}, "b"), 1);
+    EXPECT_EQ(buscar_en_lista({"a", "b"}, "B"), -1);
+
+    EXPECT_EQ(rellenar_ceros("123", 8), "00000123");
+    EXPECT_EQ(rellenar_ceros("123456789", 5), "56789");
+    EXPECT_EQ(rellenar_ceros("ab", 45), QString(38, '0') + "ab");
+    EXPECT_EQ(rellenar_blancos("ab", 7), "\tab");
+    EXPECT_EQ(rellenar_blancos("ab", 12), "\t\tab");
+    EXPECT_EQ(rellenar_blancos("a      b", 8), "a\t b");
+
+    const struct {
+        const char *texto;
+        const char *codificado;
+    } casos[] = {{"Hola Mundo", "Hola%20Mundo"},
+                 {"a+b", "a%2Bb"},
+                 {"ñandú", "ñandú"},
+                 {"pingüino", "ping%FCino"},
+                 {"10€", "10%80"},
+                 {"a\r\nb", "a%0D%0Ab"},
+                 {"50%", "50%25"},
+                 {"\t", "%09"},
+                 {"https://a.com/p?x=1&y=(2)", "https://a.com/p?x=1&y=(2)"}};
+    for (const auto &c : casos)
+        EXPECT_EQ(codificar_url(c.texto), c.codificado) << c.texto;
 }
 
 } // namespace

@@ -54,9 +54,8 @@ TEST_F(LayoutFixture, WidthsRoundTripInTwipsUnderW)
 
     auto loaded = make_grid({"A", "B", "C"});
     loaded->ColWidthsLoad(store, "Carrito");
-    EXPECT_EQ(loaded->ColWidth(0), 2000);
-    EXPECT_EQ(loaded->ColWidth(1), 1000);
-    EXPECT_EQ(loaded->ColWidth(2), 0);
+    EXPECT_EQ(QList<int>({loaded->ColWidth(0), loaded->ColWidth(1), loaded->ColWidth(2)}),
+              QList<int>({2000, 1000, 0}));
     EXPECT_TRUE(loaded->view()->horizontalHeader()->isSectionHidden(2));
     EXPECT_EQ(loaded->view()->horizontalHeader()->sectionSize(0),
               qRound(2000 * loaded->logicalDpiX() / 1440.0));
