@@ -1,13 +1,16 @@
 # Two commands set up a fresh Debian 12 machine:
 #   make run   installs the packages, builds and starts Vendrix on a demo shop
 #   make test  installs the packages, builds with sanitizers and runs every test
+# Development and test builds treat warnings as errors; `make bench` measures
+# a Release build of its own.
 .PHONY: all deps build run install test bench clean
 
-BUILD      ?= build
-TEST_BUILD ?= build-test
-DEMO       ?= $(BUILD)/demo
-JOBS       ?= $(shell nproc)
-PREFIX     ?= /usr/local
+BUILD       ?= build
+TEST_BUILD  ?= build-test
+BENCH_BUILD ?= build-rel
+DEMO        ?= $(BUILD)/demo
+JOBS        ?= $(shell nproc)
+PREFIX      ?= /usr/local
 
 all: build
 
@@ -15,7 +18,8 @@ deps:
 	bash scripts/install-deps.sh
 
 build: deps
-	cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVENDRIX_TESTS=OFF
+	cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVENDRIX_TESTS=OFF \
+	  -DVENDRIX_BENCH=OFF -DVENDRIX_WERROR=ON
 	cmake --build $(BUILD) -j $(JOBS)
 
 # The demo shop is made once, on the first run; later runs keep its data.
@@ -39,7 +43,8 @@ install: build
 	cmake --install $(BUILD)
 
 test: deps
-	cmake -S . -B $(TEST_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DVENDRIX_SANITIZE=ON -DVENDRIX_BENCH=OFF
+	cmake -S . -B $(TEST_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DVENDRIX_SANITIZE=ON -DVENDRIX_BENCH=OFF \
+	  -DVENDRIX_WERROR=ON
 	cmake --build $(TEST_BUILD) -j $(JOBS)
 	cd $(TEST_BUILD) && QT_QPA_PLATFORM=offscreen \
 	  ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 \
@@ -47,8 +52,12 @@ test: deps
 	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --output-on-failure -j $(JOBS)
 
-bench: build
-	@for b in $(BUILD)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
+# Speed is measured on the optimised build that users get, not a debug one.
+bench: deps
+	cmake -S . -B $(BENCH_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Release -DVENDRIX_TESTS=OFF \
+	  -DVENDRIX_BENCH=ON
+	cmake --build $(BENCH_BUILD) -j $(JOBS)
+	@for b in $(BENCH_BUILD)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
 
 clean:
-	rm -rf $(BUILD) $(TEST_BUILD)
+	rm -rf $(BUILD) $(TEST_BUILD) $(BENCH_BUILD)

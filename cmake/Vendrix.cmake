@@ -1,10 +1,13 @@
 # Helpers shared by every target of the project.
 
-# Warnings are errors in our own code; Qt keywords are off so that
-# `signals`, `slots` and `emit` never clash with other libraries.
+# Our own code is warning-free, and with VENDRIX_WERROR warnings are errors;
+# Qt keywords are off so that `signals`, `slots` and `emit` never clash with
+# other libraries.
 function(vendrix_target_options target)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Werror
-                                           -Wno-error=deprecated-declarations)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic)
+  if(VENDRIX_WERROR)
+    target_compile_options(${target} PRIVATE -Werror -Wno-error=deprecated-declarations)
+  endif()
   target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_FOREACH)
 endfunction()
 
