@@ -53,21 +53,16 @@ TEST(FormulaValida, EvaluatesAsArithmeticAndRefusesMinusThousand)
 
 TEST(EvaluarExpresion, PrecedenceSignsNumbersAndSyntaxErrors)
 {
-    const struct {
-        const char *texto;
-        double valor;
-    } casos[] = {
-        {"2+3*4", 14},    {"(2+3)*4", 20},      {"8/2/2", 2},   {"2-3-4", -5}, {"-(-5)", 5},
-        {"- -5", 5},      {"-+5", -5},          {" 1 + 2 ", 3}, {"", 0},       {"1e2", 100},
-        {"2.5E-1", 0.25}, {".5", 0.5},          {"5.", 5},      {"2*-3", -6},  {"1e400", INFINITY},
-        {"1e-400", 0},    {"0.000001e-320", 0},
-    };
-    for (const auto &c : casos)
-        EXPECT_EQ(evaluar_expresion(QString::fromUtf8(c.texto)), c.valor) << c.texto;
+    const std::pair<const char *, double> casos[] = {{"2+3*4", 14}, {"(2+3)*4", 20},     {"8/2/2", 2},
+                                                     {"2-3-4", -5}, {"- -5", 5},         {"2*-3", -6},
+                                                     {" .5 ", 0.5}, {"2.5E-1", 0.25},    {"1e400", INFINITY},
+                                                     {"1e-400", 0}, {"0.000001e-320", 0}};
+    for (const auto &[texto, valor] : casos)
+        EXPECT_EQ(evaluar_expresion(QString::fromUtf8(texto)), valor) << texto;
     EXPECT_TRUE(std::isnan(*evaluar_expresion(u"0/0")));
     EXPECT_EQ(*evaluar_expresion(u"1,5+1", true), 2.5);
     for (const char *texto :
-         {"1--5", "++5", "2**3", "1 2", "1.2.3", "(1", "1)", "()", "1+", "1e", ".", "1,5", "0x10", "2(3)"})
+         {"1--5", "++5", "2**3", "1 2", "1.2.3", "(1", "1)", "()", "1+", "1e", ".", "1,5", "2(3)"})
         EXPECT_FALSE(evaluar_expresion(QString::fromUtf8(texto)).has_value()) << texto;
 }
 

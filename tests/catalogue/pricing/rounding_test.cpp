@@ -71,17 +71,20 @@ TEST(RedondearPrecio, ModesStepsAndEdges)
 TEST(RedondearPrecio, ReadsTheFourSettingsAtEachCall)
 {
     test::TestApp app;
-    auto poner = [&](const char *clave, const char *valor) {
-        app.ctx().escribir_parametro(QString::fromUtf8(clave), QString::fromUtf8(valor));
-    };
-    poner("decimales", "-1");
-    poner("redondeo_tipo", "De 5 en 5");
+    // One read of the file takes the first of two equal keys, as a read of one key does.
+    app.write_file(QStringLiteral("Config.vdrx"),
+                   "[PARAMETROS]\r\nDecimales = -1\r\nredondeo_tipo=De 5 en 5\r\n"
+                   "decimales=2\r\n");
     EXPECT_EQ(redondear_precio(app.ctx(), 1234), QStringLiteral("1250"));
-    poner("decimales", "2");
-    poner("redondeo", "0");
-    EXPECT_EQ(redondear_precio(app.ctx(), 10.129), QStringLiteral("10,12"));
-    poner("redondeo_tolerancia", "0,0001");
-    EXPECT_EQ(redondear_precio(app.ctx(), 10.129), QStringLiteral("10,13"));
+    for (const char *linea :
+         {"decimales=2", "redondeo=0", "redondeo_tipo=De 5 en 5", "redondeo_tolerancia=0,0001"})
+        app.ctx().escribir_parametro(QString::fromUtf8(linea).section(u'=', 0, 0),
+                                     QString::fromUtf8(linea).section(u'=', 1));
+    EXPECT_EQ(redondear_precio(app.ctx(), 10.129), QStringLiteral("10,13")); // beyond the tolerance
+    app.ctx().escribir_parametro(QStringLiteral("decimales"), QStringLiteral("-1"));
+    EXPECT_EQ(redondear_precio(app.ctx(), 1234), QStringLiteral("1234"));
+    app.ctx().escribir_parametro(QStringLiteral("redondeo_tolerancia"), QString());
+    EXPECT_EQ(redondear_precio(app.ctx(), 1234), QStringLiteral("1250"));
 }
 
 } // namespace
