@@ -1,4 +1,5 @@
 #include "core/settings.h"
+#include "core/settings_read.h"
 
 #include "core/cp1252.h"
 
@@ -219,6 +220,36 @@ const char *const kDefaultLines[] = {
     "letraGrande = 0",
 };
 
+// The values of `keys` in `section` with one read of the file: for each key
+// the first line of a matching section that names it.
+QStringList leer_claves(const QString &path, const QString &section, const QStringList &keys)
+{
+    QStringList values(keys.size());
+    std::vector<bool> found(static_cast<size_t>(keys.size()), false);
+    qsizetype pending = keys.size();
+    bool in_section = false;
+    const IniFile file = de_bytes(leer_bytes(path));
+    for (const RawLine &line : file.lines) {
+        if (pending == 0)
+            break;
+        const ParsedLine parsed = analizar(file.decodificar(line.body));
+        if (parsed.kind == ParsedLine::Section) {
+            in_section = mismo_nombre(parsed.name, section);
+            continue;
+        }
+        if (!in_section || parsed.kind != ParsedLine::Key)
+            continue;
+        for (qsizetype i = 0; i < keys.size(); ++i) {
+            if (!found[static_cast<size_t>(i)] && mismo_nombre(parsed.name, keys[i])) {
+                values[i] = sin_comillas(parsed.value).left(Settings::kMaxValueLength);
+                found[static_cast<size_t>(i)] = true;
+                --pending;
+            }
+        }
+    }
+    return values;
+}
+
 } // namespace
 
 Settings::Settings(QString path) : path_(std::move(path))
@@ -227,16 +258,12 @@ Settings::Settings(QString path) : path_(std::move(path))
 
 QString Settings::leer_ini(const QString &section, const QString &key) const
 {
-    bool in_section = false;
-    const IniFile file = de_bytes(leer_bytes(path_));
-    for (const RawLine &line : file.lines) {
-        const ParsedLine parsed = analizar(file.decodificar(line.body));
-        if (parsed.kind == ParsedLine::Section)
-            in_section = mismo_nombre(parsed.name, section);
-        else if (in_section && parsed.kind == ParsedLine::Key && mismo_nombre(parsed.name, key))
-            return sin_comillas(parsed.value).left(kMaxValueLength);
-    }
-    return {};
+    return leer_claves(path_, section, {key}).first();
+}
+
+QStringList leer_parametros(const Settings &settings, const QStringList &keys)
+{
+    return leer_claves(settings.path(), QStringLiteral("PARAMETROS"), keys);
 }
 
 bool Settings::escribir_ini(const QString &section, const QString &key, const QString &value) const

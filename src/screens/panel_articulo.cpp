@@ -85,7 +85,6 @@ void PanelArticulo::cargar_detalle_articulo(qint64 id)
         return;
     detalle_ = std::move(*d);
     version_reglas_ = reglas_.version();
-    ajustes_cargados_ = clave_ajustes();
     mostrar();
     Q_EMIT articuloCargado(id);
 }
@@ -145,7 +144,8 @@ void PanelArticulo::showEvent(QShowEvent *event)
     // Back from the configuration tab: figures worked out with rules or
     // settings that have changed since are worked out again, unless the
     // operator typed over them.
-    if (detalle_.id == 0 || (version_reglas_ == reglas_.version() && ajustes_cargados_ == clave_ajustes()))
+    if (detalle_.id == 0 ||
+        (version_reglas_ == reglas_.version() && detalle_.ajustes == PriceSettings::leer(ctx_)))
         return;
     const PricePanel &p = detalle_.panel;
     if (p[C::TextBox_Ganancia].text != detalle_.ganancia_cargada ||
@@ -153,19 +153,6 @@ void PanelArticulo::showEvent(QShowEvent *event)
         p[C::Textbox_desusr].text != QLatin1String("0"))
         return;
     cargar_detalle_articulo(detalle_.id);
-}
-
-QString PanelArticulo::clave_ajustes() const
-{
-    const PriceSettings a = PriceSettings::leer(ctx_);
-    return QStringList{a.iva,
-                       a.valor_dolar,
-                       a.recargo_tarjeta,
-                       a.redondeo.decimales,
-                       a.redondeo.redondeo,
-                       a.redondeo.redondeo_tipo,
-                       a.redondeo.redondeo_tolerancia}
-        .join(QChar(0x1f));
 }
 
 void PanelArticulo::formula_editada(PanelField campo, QLineEdit *box)

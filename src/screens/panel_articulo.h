@@ -85,13 +85,11 @@ private:
     void preciodetalle_click();
     void favoritos_click();
     void comentario_click();
-    QString clave_ajustes() const;
 
     Context &ctx_;
     RuleStore &reglas_;
     ArticleDetail detalle_;
     quint64 version_reglas_ = 0; // of the rules the shown figures come from
-    QString ajustes_cargados_;   // and of the settings
     std::function<bool()> desbloquear_;
     EditorComentario editor_comentario_;
 

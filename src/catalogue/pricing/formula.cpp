@@ -303,12 +303,20 @@ bool formula_valida(QStringView formula)
 
 double formula_a_porcentaje(QStringView formula, QStringView kind)
 {
-    if (!formula_valida(formula) && !formula.isEmpty())
-        return 0.0;
+    return evaluar_formula(formula, kind).porcentaje;
+}
+
+FormulaValue evaluar_formula(QStringView formula, QStringView kind)
+{
+    FormulaValue out;
+    out.valida = formula_valida(formula);
+    if (!out.valida && !formula.isEmpty())
+        return out;
     if (formula.startsWith(QLatin1Char('+')))
         formula = formula.sliced(1);
     const FormulaRewrite expresion(formula, kind == u"ganancia");
-    return evaluar_expresion(expresion.texto(), true).value_or(0.0);
+    out.porcentaje = evaluar_expresion(expresion.texto(), true).value_or(0.0);
+    return out;
 }
 
 } // namespace vendrix

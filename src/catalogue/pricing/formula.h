@@ -28,4 +28,12 @@ bool formula_valida(QStringView formula);
 // with "-", whose rewritten expression lacks its first term.
 double formula_a_porcentaje(QStringView formula, QStringView kind);
 
+// Both answers for one formula box, the formula evaluated once for its test
+// and once, rewritten, for its percentage: what the price panel needs.
+struct FormulaValue {
+    bool valida = true;
+    double porcentaje = 0.0;
+};
+FormulaValue evaluar_formula(QStringView formula, QStringView kind);
+
 } // namespace vendrix

@@ -118,15 +118,14 @@ QStringList lineas_fallo(const FormulaFailure &fallo, const PricePanel &panel, c
             entrada("     Recargo Tarj:    ", ajustes.recargo_tarjeta)};
 }
 
-// The percentage of one formula box, with its messages.
-double porcentaje(const PanelFormula &f, const PricePanel &panel, std::vector<Mensaje> &mensajes)
+// The messages of a formula box's percentage: the old error value, or out
+// of range.
+void comprobar_porcentaje(const PanelFormula &f, double p, std::vector<Mensaje> &mensajes)
 {
-    const double p = formula_a_porcentaje(panel[f.campo].text, f.kind);
     if (p == kErrorFormula)
         mensajes.push_back(mensaje(Mensaje::Icono::Exclamacion, f.titulo_error, f.texto_error));
     else if (p < 0 || (f.hasta_100 && p > 100))
         mensajes.push_back(mensaje(Mensaje::Icono::Exclamacion, f.titulo_rango, f.texto_rango));
-    return p;
 }
 
 void poner(PanelControl &control, const QString &text, double tag)
@@ -136,8 +135,8 @@ void poner(PanelControl &control, const QString &text, double tag)
 }
 
 // Steps of the calculation after the formulas; nullopt when it ran to the end.
-std::optional<FormulaFailure> calcular_figuras(PricePanel &panel, const PriceSettings &ajustes, double d, double g,
-                                      double c)
+std::optional<FormulaFailure> calcular_figuras(PricePanel &panel, const PriceSettings &ajustes,
+                                               const Rounder &redondeo, double d, double g, double c)
 {
     for (PanelField campo : {C::TextBox_Costo, C::TextBox_PTotal_civa, C::TextBox_PTotal})
         panel[campo] = {QStringLiteral("0"), QStringLiteral("0")};
@@ -163,7 +162,6 @@ std::optional<FormulaFailure> calcular_figuras(PricePanel &panel, const PriceSet
     const double bruto = factor_iva * neto;
     if (!std::isfinite(bruto))
         return kDesbordamiento;
-    const Rounder redondeo(ajustes.redondeo);
     const QString precio = redondeo.aplicar(bruto);
     poner(panel[C::TextBox_PTotal_civa], precio, bruto);
 
@@ -193,6 +191,30 @@ std::optional<FormulaFailure> calcular_figuras(PricePanel &panel, const PriceSet
     return std::nullopt;
 }
 
+// The calculation with the rounding already prepared: each formula is
+// evaluated once, then the messages in the order the operator sees them
+// (the three tests, then each percentage's range), then the figures.
+void calcular(PricePanel &panel, const PriceSettings &ajustes, const Rounder &redondeo)
+{
+    panel.mensajes.clear();
+    panel.errores.clear();
+    std::array<FormulaValue, 3> valores;
+    for (size_t i = 0; i < valores.size(); ++i)
+        valores[i] = evaluar_formula(panel[kFormulas[i].campo].text, kFormulas[i].kind);
+    for (size_t i = 0; i < valores.size(); ++i) {
+        if (!valores[i].valida)
+            panel.mensajes.push_back(
+                mensaje(Mensaje::Icono::Critico, kFormulas[i].titulo_invalida, kFormulas[i].texto_invalida));
+    }
+    for (size_t i = 0; i < valores.size(); ++i)
+        comprobar_porcentaje(kFormulas[i], valores[i].porcentaje, panel.mensajes);
+    const double g = valores[0].porcentaje;
+    const double d = valores[1].porcentaje;
+    const double c = valores[2].porcentaje;
+    if (const std::optional<FormulaFailure> fallo = calcular_figuras(panel, ajustes, redondeo, d, g, c))
+        panel.errores = lineas_fallo(*fallo, panel, ajustes);
+}
+
 } // namespace
 
 QString PricePanel::nombre(PanelField c)
@@ -201,8 +223,16 @@ QString PricePanel::nombre(PanelField c)
 }
 
 PricePanel cargar_panel(const PricedArticle &articulo, std::optional<double> unidades,
-                         const RuleTable &reglas, const PriceSettings &ajustes)
+                        const RuleTable &reglas, const PriceSettings &ajustes)
 {
+    return cargar_panel(articulo, unidades,
+                        reglas.reglas(articulo.proveedor, articulo.grupo, articulo.codigo), ajustes);
+}
+
+PricePanel cargar_panel(const PricedArticle &articulo, std::optional<double> unidades,
+                        const ArticleRules &formulas, const PriceSettings &ajustes)
+{
+    const Rounder redondeo(ajustes.redondeo);
     PricePanel panel;
     panel.iva = tasa_iva(articulo.moneda, ajustes.iva);
     const QString tasa = texto_numero(panel.iva);
@@ -219,7 +249,7 @@ PricePanel cargar_panel(const PricedArticle &articulo, std::optional<double> uni
     if (unidades && *unidades > 0) {
         const double n = *unidades;
         const QString cantidad = texto_numero(n);
-        panel[C::TextBox_PLista].text = Rounder(ajustes.redondeo).aplicar(valor_texto(lista) / n);
+        panel[C::TextBox_PLista].text = redondeo.aplicar(valor_texto(lista) / n);
         panel[C::TextBox_PLista_grilla_unidad].text = texto_numero(valor_texto(lista) / n);
         if (n == 1) {
             panel[C::Label_PListacustomBig].text =
@@ -233,37 +263,16 @@ PricePanel cargar_panel(const PricedArticle &articulo, std::optional<double> uni
         }
     }
 
-    ArticleRules formulas = reglas.reglas(articulo.proveedor, articulo.grupo, articulo.codigo);
-    panel[C::TextBox_Ganancia].text = std::move(formulas.ganancia);
-    panel[C::TextBox_Descuento].text = std::move(formulas.descuento);
+    panel[C::TextBox_Ganancia].text = formulas.ganancia;
+    panel[C::TextBox_Descuento].text = formulas.descuento;
     panel[C::Textbox_desusr].text = QStringLiteral("0");
-    calcular_precio_detalle(panel, ajustes);
+    calcular(panel, ajustes, redondeo);
     return panel;
 }
 
 void calcular_precio_detalle(PricePanel &panel, const PriceSettings &ajustes)
 {
-    panel.mensajes.clear();
-    panel.errores.clear();
-    for (const PanelFormula &f : kFormulas) {
-        if (!formula_valida(panel[f.campo].text))
-            panel.mensajes.push_back(mensaje(Mensaje::Icono::Critico, f.titulo_invalida, f.texto_invalida));
-    }
-    const double g = porcentaje(kFormulas[0], panel, panel.mensajes);
-    const double d = porcentaje(kFormulas[1], panel, panel.mensajes);
-    const double c = porcentaje(kFormulas[2], panel, panel.mensajes);
-    if (const std::optional<FormulaFailure> fallo = calcular_figuras(panel, ajustes, d, g, c))
-        panel.errores = lineas_fallo(*fallo, panel, ajustes);
-}
-
-PricePanel cargar_detalle_precio(Context &ctx, const PricedArticle &articulo,
-                                  std::optional<double> unidades, const RuleTable &reglas)
-{
-    ctx.estado().marcar_ocupado(true);
-    PricePanel panel = cargar_panel(articulo, unidades, reglas, PriceSettings::leer(ctx));
-    publicar_panel(ctx, panel);
-    ctx.estado().marcar_ocupado(false);
-    return panel;
+    calcular(panel, ajustes, Rounder(ajustes.redondeo));
 }
 
 void calcular_precio_detalle(Context &ctx, PricePanel &panel)

@@ -15,6 +15,7 @@ namespace vendrix {
 
 class Context;
 class RuleTable;
+struct ArticleRules;
 
 // The controls of the price panel, in the order the panel lists them.
 enum class PanelField {
@@ -61,12 +62,17 @@ struct PricePanel {
     static QString nombre(PanelField c);
 };
 
-// Loads an article into a fresh panel: its IVA rate and labels, the list
-// price (dollars turned into pesos), the price per unit when the list price
-// covers several units, the margin and discount rules, a customer discount of
-// "0"; then the calculation below.
+// Loads an article into a fresh panel in one pass: its IVA rate and labels,
+// the list price (dollars turned into pesos), the price per unit when the
+// list price covers several units, the margin and discount formulas that
+// the rules gave for it, a customer discount of "0"; then the calculation
+// below. Reads nothing: the caller has gathered the article, its units, its
+// formulas and the settings.
 PricePanel cargar_panel(const PricedArticle &articulo, std::optional<double> unidades,
-                         const RuleTable &reglas, const PriceSettings &ajustes);
+                        const ArticleRules &formulas, const PriceSettings &ajustes);
+// The same with the formulas looked up in `reglas`.
+PricePanel cargar_panel(const PricedArticle &articulo, std::optional<double> unidades,
+                        const RuleTable &reglas, const PriceSettings &ajustes);
 
 // Works the panel out again from its boxes (list price, per-unit price, the
 // three formulas) and the article's rate: tests the formulas, then cost, net,
@@ -74,10 +80,9 @@ PricePanel cargar_panel(const PricedArticle &articulo, std::optional<double> uni
 // wrong formulas, out-of-range percentages and a price below cost.
 void calcular_precio_detalle(PricePanel &panel, const PriceSettings &ajustes);
 
-// The same through the context: busy while it runs, settings read now,
-// messages shown through the operator, a failure logged.
-PricePanel cargar_detalle_precio(Context &ctx, const PricedArticle &articulo,
-                                  std::optional<double> unidades, const RuleTable &reglas);
+// The same through the context, for a formula or price typed in the panel:
+// busy while it runs, settings read now, messages shown through the
+// operator, a failure logged.
 void calcular_precio_detalle(Context &ctx, PricePanel &panel);
 
 // Shows the panel's messages and logs its failure lines, in that order.

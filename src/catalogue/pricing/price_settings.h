@@ -16,7 +16,10 @@ struct PriceSettings {
     QString recargo_tarjeta; // card surcharge percent
     RoundingSettings redondeo;
 
+    // All seven keys with one read of the settings file.
     static PriceSettings leer(const Context &ctx);
+
+    bool operator==(const PriceSettings &) const = default;
 };
 
 } // namespace vendrix

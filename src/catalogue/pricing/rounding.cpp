@@ -2,6 +2,7 @@
 
 #include "core/context.h"
 #include "core/numeric.h"
+#include "core/settings_read.h"
 
 #include <cmath>
 
@@ -9,9 +10,10 @@ namespace vendrix {
 
 RoundingSettings RoundingSettings::leer(const Context &ctx)
 {
-    return {ctx.leer_parametro(QStringLiteral("decimales")), ctx.leer_parametro(QStringLiteral("redondeo")),
-            ctx.leer_parametro(QStringLiteral("redondeo_tipo")),
-            ctx.leer_parametro(QStringLiteral("redondeo_tolerancia"))};
+    const QStringList v = leer_parametros(
+        ctx.config(), {QStringLiteral("decimales"), QStringLiteral("redondeo"),
+                       QStringLiteral("redondeo_tipo"), QStringLiteral("redondeo_tolerancia")});
+    return {v[0], v[1], v[2], v[3]};
 }
 
 Rounder::Rounder(const RoundingSettings &ajustes)

@@ -16,8 +16,10 @@ struct RoundingSettings {
     QString redondeo_tipo;
     QString redondeo_tolerancia;
 
-    // Reads the four keys now.
+    // Reads the four keys now, with one read of the settings file.
     static RoundingSettings leer(const Context &ctx);
+
+    bool operator==(const RoundingSettings &) const = default;
 };
 
 // The rounding settings turned into numbers once, for a run of prices.

@@ -4,6 +4,7 @@
 #include "catalogue/pricing/article_detail/old_price.h"
 #include "catalogue/pricing/currency.h"
 #include "catalogue/pricing/price_settings.h"
+#include "catalogue/pricing/rules.h"
 #include "catalogue/pricing/supplier_rules/rule_store.h"
 #include "core/context.h"
 #include "core/numeric.h"
@@ -133,30 +134,38 @@ PanelRule regla_en_panel(const ArticleDetail &d)
 }
 
 std::optional<ArticleDetail> cargar_detalle_articulo(Context &ctx, RuleStore &reglas,
-                                                       const ArticleDetail &saliente, qint64 id)
+                                                     const ArticleDetail &saliente, qint64 id)
 {
+    // Storing the leaving article's formulas may refill the rules: before
+    // the new article's are looked up.
     if (saliente.id != 0)
         guardar_regla_desde_detalle(ctx, reglas, regla_en_panel(saliente));
-    const PriceSettings ajustes = PriceSettings::leer(ctx);
 
+    // Each source once: the article, its marks and units, its formulas, the settings.
     DetailRead lectura = leer_detalle(ctx, id);
     if (!lectura.encontrado)
         return std::nullopt;
     ArticleDetail &d = lectura.detalle;
-    d.marcas = leer_marcas(ctx, d.articulo);
-    aplicar_marcas(d);
+    const PricedArticle &a = d.articulo;
+    d.marcas = leer_marcas(ctx, a);
+    const ArticleRules formulas = reglas.tabla().reglas(a.proveedor, a.grupo, a.codigo);
+    d.ajustes = PriceSettings::leer(ctx);
 
+    // Then the whole panel from them.
+    aplicar_marcas(d);
+    d.ganancia_cargada = formulas.ganancia;
+    d.descuento_cargada = formulas.descuento;
+    d.plista_editable = valor_texto(a.precio) == 0.0;
     ctx.estado().marcar_ocupado(true);
-    d.panel = cargar_panel(d.articulo, d.marcas.unidades, reglas.tabla(), ajustes);
-    d.ganancia_cargada = d.panel[PanelField::TextBox_Ganancia].text;
-    d.descuento_cargada = d.panel[PanelField::TextBox_Descuento].text;
+    d.panel = cargar_panel(a, d.marcas.unidades, formulas, d.ajustes);
     publicar_panel(ctx, d.panel);
     ctx.estado().marcar_ocupado(false);
 
-    d.plista_editable = valor_texto(d.articulo.precio) == 0.0;
-    if (d.plista_editable && ofrecer_precio_anterior(ctx, d, ajustes)) {
+    // An article the list has at 0 may sell at its former price, once the
+    // operator has seen the panel.
+    if (d.plista_editable && ofrecer_precio_anterior(ctx, d, d.ajustes)) {
         ctx.estado().marcar_ocupado(true);
-        calcular_precio_detalle(d.panel, ajustes);
+        calcular_precio_detalle(d.panel, d.ajustes);
         publicar_panel(ctx, d.panel);
         ctx.estado().marcar_ocupado(false);
     }

@@ -79,6 +79,7 @@ struct ArticleDetail {
 
     QString ganancia_cargada; // the formulas the rules gave at the load
     QString descuento_cargada;
+    PriceSettings ajustes; // the settings the load worked the panel out with
     PricePanel panel;
 
     QString &campo(ArticleField c) { return campos[static_cast<size_t>(c)]; }
@@ -99,13 +100,15 @@ void aplicar_marcas(ArticleDetail &detalle);
 PanelRule regla_en_panel(const ArticleDetail &detalle);
 
 // `cargar_detalle_articulo`: first offers to store the formulas typed for
-// the article leaving the panel (`saliente`), then reads the article `id`,
-// its marks and units, works out the price panel with the shop's rules, and,
-// for an article the list has at price 0, offers its former price; the
-// panel's messages go to the operator. nullopt when the article can't be
-// read or doesn't exist: the panel stays as it was.
+// the article leaving the panel (`saliente`); then gathers, each once, the
+// article `id` (one query), its marks and units (one query), its formulas
+// from the rules and the price settings (one read of the file); works the
+// whole price panel out from them in one pass and shows its messages; and,
+// for an article the list has at price 0, offers its former price. nullopt
+// when the article can't be read or doesn't exist: the panel stays as it
+// was.
 std::optional<ArticleDetail> cargar_detalle_articulo(Context &ctx, RuleStore &reglas,
-                                                       const ArticleDetail &saliente, qint64 id);
+                                                     const ArticleDetail &saliente, qint64 id);
 
 // A price typed in `TextBox_PLista` (only allowed at price 0): the four
 // list-price boxes take it and the panel is worked out again.

@@ -19,20 +19,15 @@ QString articulo_normalizado(const QString &articulo)
     return articulo.isEmpty() ? kTodosLosArticulos : articulo;
 }
 
-bool formula_aceptada(Context &ctx, const QString &formula, RuleColumn columna)
+// A formula that can't be evaluated, in either column: the grid has one
+// message for it, the discount's.
+bool formula_aceptada(Context &ctx, const QString &formula)
 {
     if (formula_valida(formula))
         return true;
-    if (columna == RuleColumn::Descuento)
-        ctx.op().error(
-            QStringLiteral("Error en el descuento"),
-            QStringLiteral("Hay un error en la formula del descuento. Por favor corríjala e intente "
-                           "nuevamente"));
-    else
-        ctx.op().error(
-            QStringLiteral("Error en la ganancia"),
-            QStringLiteral("Hay un error en la formula de la ganancia. Por favor corríjala e intente "
-                           "nuevamente"));
+    ctx.op().error(QStringLiteral("Error en el descuento"),
+                   QStringLiteral("Hay un error en la formula del descuento. Por favor corríjala e intente "
+                                  "nuevamente"));
     return false;
 }
 
@@ -55,15 +50,8 @@ QString donde_fila(const RuleRow &fila, SqlParams &params)
 
 bool agregar_regla(Context &ctx, const std::vector<RuleRow> &grilla, const RuleRow &nueva)
 {
-    if (!formula_aceptada(ctx, nueva.descuento, RuleColumn::Descuento) ||
-        !formula_aceptada(ctx, nueva.ganancia, RuleColumn::Ganancia))
+    if (!formula_aceptada(ctx, nueva.descuento) || !formula_aceptada(ctx, nueva.ganancia))
         return false;
-    if (nueva.proveedor.trimmed().isEmpty() || nueva.grupo.isEmpty() || nueva.articulo.isEmpty()) {
-        ctx.op().error(kErrorDatos,
-                       QStringLiteral("Elija el proveedor, el grupo y el artículo antes de agregar "
-                                      "el descuento y la ganancia."));
-        return false;
-    }
     const QString articulo = articulo_normalizado(nueva.articulo);
     for (const RuleRow &f : grilla) {
         if (f.proveedor == nueva.proveedor && f.grupo == nueva.grupo &&
@@ -108,7 +96,7 @@ bool editar_regla(Context &ctx, const RuleRow &fila, RuleColumn columna, const Q
 {
     if (columna != RuleColumn::Descuento && columna != RuleColumn::Ganancia)
         return false;
-    if (!formula_aceptada(ctx, valor, columna))
+    if (!formula_aceptada(ctx, valor))
         return false;
     SqlParams params{valor};
     const QString donde = donde_fila(fila, params);

@@ -14,13 +14,14 @@ class Context;
 // grid and the combos (or, for a cell, keeps the new value).
 
 // `Command_agregar_provedor`: a new rule from the combos and the two formula
-// boxes. In order: both formulas must be valid; the supplier, group and
-// article must not be in the grid already; an article must have a code; a
-// rule for a single article comes with a notice that codes may change.
+// boxes. In order: both formulas must be valid (a wrong margin shows the
+// discount's message too); the supplier, group and article must not be in
+// the grid already; an article must have a code; a rule for a single article
+// comes with a notice that codes may change.
 bool agregar_regla(Context &ctx, const std::vector<RuleRow> &grilla, const RuleRow &nueva);
 
 // The edit of a `Descuento` or `Ganancia` cell: a formula that isn't valid
-// shows its message and isn't stored. A list or group row changes only
+// shows the same message as when adding and isn't stored. A list or group row changes only
 // itself, never the article rows of its group.
 bool editar_regla(Context &ctx, const RuleRow &fila, RuleColumn columna, const QString &valor);
 
