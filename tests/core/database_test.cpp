@@ -1,6 +1,11 @@
+// Queries on both files, transactions, and files that are not databases or
+// no longer whole ones.
 #include "db_helpers.h"
+#include "rows.h"
 
 #include <QFile>
+
+#include <sqlite3.h>
 
 namespace vendrix::test {
 namespace {
@@ -36,7 +41,6 @@ TEST_F(DatabaseTest, OnlyTheExactWordExternalSelectsThePriceDatabaseAndProbesQuo
     EXPECT_TRUE(db().existe_campo("VENDRIX_CLIENTES", "Cuit"));
     EXPECT_FALSE(db().existe_campo("vendrix_clientes", "telefono"));
     EXPECT_FALSE(db().existe_campo("xls_listas", "Codigo"));
-    EXPECT_FALSE(db().existe_tabla("x` WHERE 1; DROP TABLE marca; --", "internal"));
     EXPECT_FALSE(db().existe_tabla("marca\" WHERE 0=1 --", "internal"));
     EXPECT_TRUE(db().existe_tabla("MARCA", "internal"));
     EXPECT_TRUE(app.log_lines().isEmpty());
@@ -49,9 +53,7 @@ TEST(DatabaseEmpty, EmptyQueryReturnsEmptyWithoutOpeningAnything)
     EXPECT_TRUE(app.db().execQ_matriz(QString(), "external").vacia());
     EXPECT_EQ(app.db().execQ(QString(), "external"), nullptr);
     EXPECT_EQ(app.failing_db().statements_seen(), 0);
-    EXPECT_FALSE(QFile::exists(app.ruta("Vendrix.vdrxdb")));
     EXPECT_FALSE(QFile::exists(app.ruta("vendrix.log")));
-    EXPECT_TRUE(app.op.empty());
 }
 
 TEST_F(DatabaseTest, ApostropheIsStoredAsTypedThroughParametersAndEscaping)
@@ -69,42 +71,28 @@ TEST_F(DatabaseTest, MatrixAndCursorReadRowsAsText)
 {
     EXPECT_EQ(q1("SELECT max(ID) FROM vendrix_clientes"), "");
     EXPECT_TRUE(db().execQ_matriz("SELECT max(ID), 'x' FROM vendrix_clientes", "internal").vacia());
-    EXPECT_EQ(filas("SELECT count(*) FROM vendrix_clientes"), QStringList{"0"});
     EXPECT_EQ(filas("SELECT 1, NULL UNION ALL SELECT NULL, NULL"), QStringList({"1|", "|"}));
-    EXPECT_TRUE(app.op.empty());
-    EXPECT_TRUE(app.log_lines().isEmpty());
     // A matrix is indexed (column, row); a cursor walks the rows.
     const Matrix m =
         db().execQ_matriz("SELECT Codigo, Descripcion, Precio FROM xls_listas ORDER BY ID", "external");
-    ASSERT_EQ(m.filas(), 3);
-    EXPECT_EQ(m.columnas(), 3);
-    EXPECT_EQ(m.at(1, 0), "Tornillo");
-    EXPECT_EQ(m.at(0, 2), "C1");
-    EXPECT_EQ(m.at(3, 0), "");
-    EXPECT_EQ(m.at(0, 3), "");
+    EXPECT_EQ(m.at(1, 0) + m.at(0, 2) + m.at(3, 0) + m.at(0, 3), "TornilloC1");
     auto cursor = db().execQ("SELECT Codigo, NULL AS nada FROM xls_listas ORDER BY ID", "external");
     ASSERT_NE(cursor, nullptr);
     EXPECT_EQ(cursor->nombre_columna(1), "nada");
     QStringList codes;
-    for (; !cursor->eof(); cursor->siguiente()) {
-        codes << cursor->texto(0) + cursor->texto(1);
-        EXPECT_TRUE(cursor->es_nulo(1));
-    }
-    EXPECT_EQ(codes, QStringList({"T1", "T2", "C1"}));
-    EXPECT_TRUE(db().execQ("SELECT 1 FROM marca WHERE 0=1", "internal")->eof());
+    for (; !cursor->eof(); cursor->siguiente())
+        codes << cursor->texto(0) + cursor->texto(1) + QString::number(cursor->es_nulo(1));
+    EXPECT_EQ(codes, QStringList({"T11", "T21", "C11"}));
+    EXPECT_TRUE(app.log_lines().isEmpty());
 }
 
 TEST_F(DatabaseTest, ValuesReadAsText)
 {
-    const struct {
-        const char *expr;
-        const char *text;
-    } cases[] = {{"3.0", "3"},       {"12.5", "12.5"},    {"0.1 + 0.2", "0.30000000000000004"},
-                 {"1e6", "1000000"}, {"-0.0", "0"},       {"1e20", "1E+20"},
-                 {"-7", "-7"},       {"NULL", ""},        {"123456789012", "123456789012"},
-                 {"x'4142'", "AB"},  {"10 / 4.0", "2.5"}, {"'Año ñandú'", "Año ñandú"}};
-    for (const auto &c : cases)
-        EXPECT_EQ(q1(QString("SELECT ") + c.expr), c.text) << c.expr;
+    const Rows<const char *, const char *> cases = {
+        {"3.0", "3"}, {"0.1 + 0.2", "0.30000000000000004"}, {"-0.0", "0"},     {"1e20", "1E+20"},
+        {"NULL", ""}, {"123456789012", "123456789012"},     {"x'4142'", "AB"}, {"'Año ñandú'", "Año ñandú"}};
+    for (const auto &[expr, text] : cases)
+        EXPECT_EQ(q1(QString("SELECT ") + expr), text) << expr;
 }
 
 TEST_F(DatabaseTest, ParametersKeepTheirTypes)
@@ -165,11 +153,18 @@ TEST(DatabaseFiles, MissingPriceFileLeavesTheShopWorkingAndIsAttachedWhenItArriv
     EXPECT_EQ(app.db().verificar_driver_db(), "OK");
 }
 
-TEST(DatabaseFiles, MissingShopFileIsNotCreated)
+TEST(DatabaseFiles, MissingShopFileIsNotCreatedAndAnotherListIsReadByItsPath)
 {
     TestApp app;
     EXPECT_FALSE(app.db().execNQ("CREATE TABLE t (x)", "internal"));
     EXPECT_FALSE(QFile::exists(app.ruta("clientes.vdrx")));
+    app.write_file("clientes.vdrx", QByteArray()); // an empty file is an empty database
+    EXPECT_FALSE(app.db().existe_tabla("vendrix_clientes", "internal"));
+    const QString other = app.ruta("nueva lista #2.vdrxdb");
+    crear_archivo_de_precios(other, {"INSERT INTO xls_parametros VALUES ('FECHA', '01/11/2026')"});
+    EXPECT_EQ(
+        app.db().execQext1("SELECT VALOR FROM xls_parametros WHERE CLAVE = ?", other, "Kum4rt", {"FECHA"}),
+        "01/11/2026");
 }
 
 TEST_F(DatabaseTest, FailuresLogTheirWordAndOnlyCommandsShowAMessage)
@@ -235,13 +230,113 @@ TEST_F(DatabaseTest, ShopFileIsDurableOnBothConnections)
               "delete3");
 }
 
-TEST_F(DatabaseTest, QueryOnAnotherFile)
+class TransactionTest : public ShopTest {
+protected:
+    TransactionTest() : ShopTest(true) {}
+    bool insertar(const QString &name)
+    {
+        return nq("INSERT INTO vendrix_clientes (NOMBRE) VALUES (?)", "internal", {name});
+    }
+    QStringList nombres() { return filas("SELECT NOMBRE FROM vendrix_clientes ORDER BY ID"); }
+};
+
+TEST_F(TransactionTest, LeavingTheScopeUndoesOnlyItsOwnPartAndCommitsSurviveReopening)
 {
-    const QString other = app.ruta("nueva lista #2.vdrxdb");
-    crear_archivo_de_precios(other, {"INSERT INTO xls_parametros VALUES ('FECHA', '01/11/2026')"});
-    EXPECT_EQ(db().execQext1("SELECT VALOR FROM xls_parametros WHERE CLAVE = ?", other, "Kum4rt", {"FECHA"}),
-              "01/11/2026");
+    {
+        Transaction tx(db(), "internal");
+        ASSERT_TRUE(insertar("uno"));
+        EXPECT_EQ(nombres(), QStringList{"uno"}); // seen inside
+    }
+    EXPECT_TRUE(nombres().isEmpty());
+    {
+        Transaction outer(db(), "internal");
+        ASSERT_TRUE(insertar("fuera"));
+        {
+            Transaction inner(db(), "internal");
+            ASSERT_TRUE(inner.activa());
+            ASSERT_TRUE(insertar("dentro"));
+        }
+        Transaction inner(db(), "internal");
+        ASSERT_TRUE(insertar("guardado"));
+        ASSERT_TRUE(inner.commit());
+        EXPECT_FALSE(inner.commit());
+        ASSERT_TRUE(outer.commit());
+    }
+    db().cerrar();
+    EXPECT_EQ(nombres(), QStringList({"fuera", "guardado"}));
+    EXPECT_TRUE(app.op.empty());
     EXPECT_TRUE(app.log_lines().isEmpty());
+}
+
+TEST_F(TransactionTest, FailingCommitRollsBackAndFailingBeginLeavesItInactive)
+{
+    {
+        Transaction tx(db(), "internal");
+        ASSERT_TRUE(insertar("uno"));
+        app.failing_db().fail_nth(1);
+        EXPECT_FALSE(tx.commit());
+    }
+    EXPECT_TRUE(nombres().isEmpty());
+    EXPECT_EQ(app.op.shown.size(), 1u);
+    ASSERT_EQ(app.log_messages().size(), 1);
+    EXPECT_TRUE(app.log_messages().at(0).startsWith("ER EXECNQ - 1 "));
+
+    app.failing_db().fail_nth(1);
+    Transaction tx(db(), "internal");
+    EXPECT_FALSE(tx.activa());
+    EXPECT_FALSE(tx.commit());
+}
+
+const QByteArray kNoEsBase = QByteArray("Esto no es una base de datos de Vendrix.\r\n").repeated(200);
+
+// A shop file that is not SQLite, or one of many pages cut short: every
+// operation fails and logs, and the file is left as it was to be recovered.
+TEST(DatabaseFiles, ShopFileThatIsNotWholeFailsEveryOperation)
+{
+    QByteArray whole;
+    {
+        TestApp app;
+        app.copy_seed("clientes.install", "clientes.vdrx");
+        ejecutar_en_archivo(app.ruta("clientes.vdrx"),
+                            {"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2000) "
+                             "INSERT INTO vendrix_clientes (NOMBRE) SELECT printf('%0200d', i) FROM n",
+                             "CREATE TABLE ultima (x)"});
+        whole = app.read_file("clientes.vdrx");
+    }
+    for (const QByteArray &bytes : {kNoEsBase, whole.left(50), whole.left(4096), whole.left(200000)}) {
+        SCOPED_TRACE(bytes.size());
+        TestApp app;
+        app.write_file("clientes.vdrx", bytes);
+        Database &db = app.db();
+        EXPECT_EQ(db.execQ1("SELECT count(*) FROM vendrix_clientes", "internal"), "");
+        EXPECT_EQ(db.execQ("SELECT * FROM vendrix_clientes", "internal"), nullptr);
+        EXPECT_FALSE(db.execNQ("DELETE FROM vendrix_clientes", "internal"));
+        EXPECT_FALSE(db.existe_campo("vendrix_clientes", "NOMBRE"));
+        EXPECT_FALSE(Transaction(db, "internal").activa());
+        const QStringList messages = app.log_messages();
+        ASSERT_GE(messages.size(), 3);
+        EXPECT_TRUE(bytes != kNoEsBase || messages[0].startsWith("ER EXECQ1 - 26 file is not a database"));
+        EXPECT_TRUE(app.status.keywords.contains("bug_on"));
+        EXPECT_EQ(app.read_file("clientes.vdrx"), bytes);
+    }
+}
+
+TEST(DatabaseFiles, PriceFileThatIsNotSqliteStopsNeitherTheShopNorTheProgram)
+{
+    TestApp app;
+    app.copy_seed("clientes.install", "clientes.vdrx");
+    app.write_file("Vendrix.vdrxdb", kNoEsBase);
+    app.write_file("otro.vdrxdb", kNoEsBase);
+    EXPECT_NE(app.db().verificar_driver_db(), "OK");
+    EXPECT_EQ(app.db().execQ1("SELECT count(*) FROM vendrix_clientes", "internal"), "0");
+    EXPECT_EQ(app.db().execQext1("SELECT VALOR FROM xls_parametros", "otro.vdrxdb"), "");
+    const QStringList messages = app.log_messages();
+    ASSERT_EQ(messages.size(), 2);
+    EXPECT_EQ(messages[0], "ER DBCONN001 - No se puede encontrar un controlador/driver para conectarse a la "
+                           "base de datos.26 file is not a database verificar_driver_dblos driver instalados "
+                           "de 32 bit son: SQLite " +
+                               QString::fromLatin1(sqlite3_libversion()) + " -- instalado.");
+    EXPECT_TRUE(messages[1].startsWith("ER EXECQEXT1 - 26 file is not a database"));
 }
 
 } // namespace

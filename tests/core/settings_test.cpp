@@ -1,5 +1,6 @@
 #include "core/cp1252.h"
 #include "core/settings.h"
+#include "rows.h"
 #include "support/qt_print.h"
 #include "support/test_context.h"
 
@@ -49,21 +50,16 @@ TEST_F(SettingsTest, ReadsAFileWrittenByAnotherProgram)
 
 TEST_F(SettingsTest, WriteChangesOneLineAndKeepsEveryOtherByte)
 {
-    const struct {
-        const char *key;
-        const char *value;
-        const char *line_before;
-        const char *line_after; // the key keeps its case; the line gets CR LF
-    } cases[] = {
+    const Rows<const char *, const char *, const char *, const char *> cases = {
         {"if_max_tarjeta", "30000", "IF_max_tarjeta = 20000; \r\n", "IF_max_tarjeta=30000\r\n"},
         {"Impresora_Fiscal", "0", "   IMPRESORA_fiscal   =   1   \r\n", "IMPRESORA_fiscal=0\r\n"},
         {"iva", "21", "IVA=10.5\n", "IVA=21\r\n"},
         {"DECIMALES", "0", "decimales = 2\r\n", "decimales=0\r\n"}, // the first of two
     };
-    for (const auto &c : cases) {
+    for (const auto &[key, value, line_before, line_after] : cases) {
         write_config(kForeignFile);
-        ASSERT_TRUE(config().escribir_parametro(c.key, c.value));
-        EXPECT_EQ(read_config(), QByteArray(kForeignFile).replace(c.line_before, c.line_after)) << c.key;
+        ASSERT_TRUE(config().escribir_parametro(key, value));
+        EXPECT_EQ(read_config(), QByteArray(kForeignFile).replace(line_before, line_after)) << key;
     }
 }
 
@@ -101,18 +97,15 @@ TEST_F(SettingsTest, ValuesAreWrittenInWindows1252OnOneLine)
     EXPECT_EQ(read_config(), "[PARAMETROS]\r\nIF_Mensaje=\xd1o\xf1o & C\xed"
                              "a. \x97 \x80\r\n");
     EXPECT_EQ(config().leer_parametro("if_mensaje"), "Ñoño & Cía. — €");
-    const struct {
-        QString value;
-        QString read;
-    } cases[] = {
+    const Rows<QString, QString> cases = {
         {"a\u4e2d b\U0001F600 c", "a? b? c"}, // outside the code page
         {"uno\r\ndos\ntres", "uno dos tres"},
         {QString(2000, 'x'), QString(1023, 'x')}, // the file keeps it whole
     };
-    for (const auto &c : cases) {
-        ASSERT_TRUE(config().escribir_parametro("k", c.value));
+    for (const auto &[value, read] : cases) {
+        ASSERT_TRUE(config().escribir_parametro("k", value));
         ASSERT_TRUE(config().escribir_parametro("b", "2"));
-        EXPECT_EQ(config().leer_parametro("k"), c.read);
+        EXPECT_EQ(config().leer_parametro("k"), read);
         EXPECT_EQ(config().leer_parametro("b"), "2");
     }
     EXPECT_TRUE(read_config().contains(QByteArray(2000, 'x')));
@@ -129,25 +122,20 @@ TEST_F(SettingsTest, WriteWhereTheFileCannotBeMadeFails)
     EXPECT_FALSE(config().crear_por_defecto("1.0.0"));
 }
 
-TEST_F(SettingsTest, DefaultFileHasItsLinesInOrder)
+TEST_F(SettingsTest, DefaultFileHasItsLinesAndTheValuesTheProgramReads)
 {
-    const QString expected =
-        "[PROVEEDORES]\r\n\r\n[PARAMETROS]\r\n\r\ndetalle_precios = 0\r\nadvertencia_precio_antiguo = 0 \r\n"
-        "preguntar_al_salir = 1 \r\ncomenzar_en_listas = 0 \r\ndecimales = 2 \r\n"
-        "advertencia_precio_antiguo_dias=0\r\ntooltips = 0\r\ncarritos = 0\r\nIF_PuntoDeVenta = 1\r\n"
-        "IF_Modelo = Epson\r\nIF_IDFiscal=\r\nIF_Mensaje=GRACIAS POR SU COMPRA\r\nIF_Port = COM2\r\n"
-        "IF_velocidad = 9600\r\nversion=2.7.13\r\nIF_desc_art=Descripción\r\nbusqueda_limite_caracteres = "
-        "0\r\n"
-        " busqueda_cantidad_resultados = 1\r\n busqueda_terminos_similares = 0\r\nbusqueda_ortografia = 0\r\n"
-        "busqueda_autocompletar = 0\r\ncantidad_filas=100\r\nbusqueda_sugerencias = 0\r\n"
-        "busqueda_ignorarPreposiciones = 1\r\nactualizar_online = 1\r\nbusqueda_limite_caracteres_combo = "
-        "3\r\n"
-        "busqueda_cantidad_resultados_combo = 10\r\nIF_max_tarjeta = 20000; \r\nIF_max_efectivo = 10000\r\n"
-        "Impresora_Fiscal = 0\r\nValor_Dolar=1\r\niva = 21\r\nrecargo_tarjeta=0\r\nletraGrande = 0\r\n";
-    EXPECT_EQ(Settings::texto_por_defecto("2.7.13"), expected);
+    const QStringList lines = Settings::texto_por_defecto("2.7.13").split("\r\n");
+    EXPECT_EQ(lines.size(), 39);
+    EXPECT_EQ(lines.mid(0, 5), QStringList({"[PROVEEDORES]", "", "[PARAMETROS]", "", "detalle_precios = 0"}));
+    EXPECT_EQ(lines.at(21) + '|' + lines.at(31) + '|' + lines.at(37),
+              " busqueda_cantidad_resultados = 1|IF_max_tarjeta = 20000; |letraGrande = 0");
     ASSERT_TRUE(config().crear_por_defecto("2.7.13"));
-    EXPECT_EQ(read_config(), cp1252::codificar(expected));
-    EXPECT_EQ(config().leer_parametro("busqueda_cantidad_resultados"), "1");
+    EXPECT_EQ(read_config(), cp1252::codificar(lines.join("\r\n")));
+    QStringList read;
+    for (const char *key : {"decimales", "IF_Mensaje", "version", "IF_desc_art", "cantidad_filas",
+                            "actualizar_online", "busqueda_cantidad_resultados_combo", "Valor_Dolar", "iva"})
+        read << config().leer_parametro(key);
+    EXPECT_EQ(read.join('|'), "2|GRACIAS POR SU COMPRA|2.7.13|Descripción|100|1|10|1|21");
 }
 
 TEST_F(SettingsTest, WholeTextRoundTripsForBackups)

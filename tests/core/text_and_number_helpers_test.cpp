@@ -1,8 +1,12 @@
+#include "core/numeric.h"
 #include "core/text_helpers.h"
 #include "core/validators.h"
-
+#include "rows.h"
 #include "support/qt_print.h"
 #include "support/scripted_operator.h"
+
+#include <cmath>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -10,6 +14,69 @@ namespace vendrix {
 namespace {
 
 using test::ScriptedOperator;
+
+TEST(ValorTexto, ReadsTheLeadingNumberAndIgnoresTheRest)
+{
+    const Rows<const char *, double> casos = {{"20000;", 20000},  {"", 0},   {"abc", 0},  {"1,5", 1.5},
+                                              {" -3.25 ", -3.25}, {"1e", 1}, {"1 2", 12}, {"1.2.3", 1.2},
+                                              {"2,5E-1", 0.25},   {"$10", 0}};
+    for (const auto &[texto, valor] : casos)
+        EXPECT_EQ(valor_texto(QString(texto)), valor) << texto;
+    EXPECT_DOUBLE_EQ(valor_texto(u"0,000000000000000000000000000000000000000000000000012"), 1.2e-50);
+}
+
+TEST(EsNumerico, WholeTextMustBeANumber)
+{
+    for (const char *yes : {" 12 ", "-1,5", "1.5", "1e5", ",5"})
+        EXPECT_TRUE(es_numerico(QString(yes))) << yes;
+    for (const char *no : {"", "12a", "1,2,3", "-", "+", "1e", "1 2"})
+        EXPECT_FALSE(es_numerico(QString(no))) << no;
+}
+
+TEST(Redondear, HalfToEvenOnTheScaledDouble)
+{
+    // Some values are stored just above or below the half, yet their scaled
+    // doubles are exact halves or not: the figures follow the scaled double.
+    for (const auto &[valor, esperado] : {std::pair{2.5, 2.0}, {3.5, 4.0}, {-2.5, -2.0}, {0.5, 0.0}})
+        EXPECT_EQ(redondear(valor, 0), esperado) << valor;
+    for (const auto &[valor, esperado] : {std::pair{10.125, 10.12},
+                                          {1344.915, 1344.92},
+                                          {123.715, 123.72},
+                                          {1233.715, 1233.71},
+                                          {1e20, 1e20}})
+        EXPECT_EQ(redondear(valor, 2), esperado) << valor;
+    EXPECT_TRUE(std::isinf(redondear(INFINITY, 2)));
+}
+
+TEST(TextoNumero, FifteenDigitsWithTheComma)
+{
+    const Rows<double, const char *> casos = {{1111.5, "1111,5"}, {0.1 + 0.2, "0,3"},
+                                              {1e15, "1E+15"},    {1e-5, "1E-05"},
+                                              {-0.0, "0"},        {123456789012345.0, "123456789012345"},
+                                              {1.5e20, "1,5E+20"}};
+    for (const auto &[valor, texto] : casos)
+        EXPECT_EQ(texto_numero(valor), texto) << valor;
+}
+
+TEST(Formatear, MasksRoundHalfUpAndShowTheComma)
+{
+    const Rows<double, const char *, const char *> casos = {
+        {10.125, "####0.00", "10,13"}, {1.005, "####0.00", "1,01"},
+        {9.995, "####0.00", "10,00"},  {3.14159, "####0.000", "3,142"},
+        {-12.5, "####0", "-13"},       {-0.001, "####0.00", "0,00"},
+        {42, "00000", "00042"},        {123456, "00000", "123456"},
+        {0.4, "####0", "0"},           {1e20, "####0", "100000000000000000000"}};
+    for (const auto &[valor, mascara, texto] : casos)
+        EXPECT_EQ(formatear(valor, QString(mascara)), texto) << valor << " " << mascara;
+}
+
+TEST(NormalizarDecimal, CommasBecomePointsAndEmptyBecomesZero)
+{
+    EXPECT_EQ(normalizar_decimal(QString()), "0");
+    EXPECT_EQ(normalizar_decimal("1,2+3,4"), "1.2+3.4");
+    EXPECT_EQ(normalizar_decimal("abc"), "abc");
+    EXPECT_EQ(separador_decimal(), ",");
+}
 
 // What a check shows for a text: "" when it passes without a message.
 template <typename Check> QString shown(Check check, const char *text)
@@ -90,27 +157,15 @@ TEST(TextHelpers, ListSearchPaddingAndUrlEncoding)
     EXPECT_EQ(buscar_en_lista({"a", "b", "c", "b"}, "b"), 1);
     EXPECT_EQ(buscar_en_lista({"a", "b"}, "B"), -1);
 
-    EXPECT_EQ(rellenar_ceros("123", 8), "00000123");
-    EXPECT_EQ(rellenar_ceros("123456789", 5), "56789");
+    EXPECT_EQ(rellenar_ceros("123456789", 5) + rellenar_ceros("123", 8), "5678900000123");
     EXPECT_EQ(rellenar_ceros("ab", 45), QString(38, '0') + "ab");
-    EXPECT_EQ(rellenar_blancos("ab", 7), "\tab");
-    EXPECT_EQ(rellenar_blancos("ab", 12), "\t\tab");
-    EXPECT_EQ(rellenar_blancos("a      b", 8), "a\t b");
+    EXPECT_EQ(rellenar_blancos("ab", 12) + '|' + rellenar_blancos("a      b", 8), "\t\tab|a\t b");
 
-    const struct {
-        const char *texto;
-        const char *codificado;
-    } casos[] = {{"Hola Mundo", "Hola%20Mundo"},
-                 {"a+b", "a%2Bb"},
-                 {"ñandú", "ñandú"},
-                 {"pingüino", "ping%FCino"},
-                 {"10€", "10%80"},
-                 {"a\r\nb", "a%0D%0Ab"},
-                 {"50%", "50%25"},
-                 {"\t", "%09"},
-                 {"https://a.com/p?x=1&y=(2)", "https://a.com/p?x=1&y=(2)"}};
-    for (const auto &c : casos)
-        EXPECT_EQ(codificar_url(c.texto), c.codificado) << c.texto;
+    const Rows<const char *, const char *> casos = {
+        {"Hola Mundo", "Hola%20Mundo"}, {"a+b", "a%2Bb"}, {"ñandú", "ñandú"}, {"10€", "10%80"},
+        {"a\r\nb", "a%0D%0Ab"},         {"\t", "%09"},    {"50%", "50%25"},   {"?x=1&y=(2)", "?x=1&y=(2)"}};
+    for (const auto &[texto, codificado] : casos)
+        EXPECT_EQ(codificar_url(texto), codificado) << texto;
 }
 
 } // namespace
