@@ -57,7 +57,8 @@ struct Arranque {
             {QStringLiteral("INSERT INTO xls_parametros VALUES ('CLIENTE', '%1'), ('VERSION', '%2'), "
                             "('FECHA', '20/11/2026')")
                  .arg(cliente, version),
-             QStringLiteral("INSERT INTO xls_proveedores VALUES ('Acme', '20/11/2026')")});
+             QStringLiteral("INSERT INTO xls_proveedores (Proveedor, Ult_Actualizacion) VALUES ('Acme', "
+                            "'20/11/2026')")});
         app.copy_seed(QStringLiteral("clientes.install"), QStringLiteral("clientes.install"));
         app.write_file(QStringLiteral("factura.install"), "<html>factura</html>");
     }

@@ -45,17 +45,14 @@ struct Importacion {
         crear_archivo_de_precios(
             nueva, {QStringLiteral("INSERT INTO xls_parametros VALUES ('CLIENTE', 'Ferretería Sur'), "
                                    "('FECHA', '20/11/2026'), ('VERSION', '2.9.9')"),
-                    QStringLiteral("INSERT INTO xls_proveedores VALUES ('Acme', '20/11/2026'), ('Bulonera', "
-                                   "'20/11/2026'), ('Bulonera', '19/11/2026')"),
+                    QStringLiteral("INSERT INTO xls_proveedores (Proveedor, Ult_Actualizacion) VALUES "
+                                   "('Acme', '20/11/2026'), ('Bulonera', '20/11/2026')"),
                     QStringLiteral("INSERT INTO xls_listas (Proveedor, Codigo, Descripcion, Precio) VALUES "
                                    "('Acme', 'A1', 'Martillo', '100')")});
         run.options.linea_de_comandos = QLatin1Char('"') + nueva + QLatin1Char('"');
     }
 
-    QString valor_lista(const QString &sql)
-    {
-        return run.app.db().execQ1(sql, QStringLiteral("external"));
-    }
+    QString valor_lista(const QString &sql) { return run.app.db().execQ1(sql, QStringLiteral("external")); }
 
     Arranque run;
     QTemporaryDir otra;
