@@ -67,7 +67,7 @@ struct Arranque {
             {QString("INSERT INTO xls_parametros VALUES ('CLIENTE', '%1'), ('VERSION', '%2'), "
                      "('FECHA', '20/11/2026')")
                  .arg(cliente, version),
-             "INSERT INTO xls_proveedores VALUES ('Acme', '20/11/2026')"});
+             "INSERT INTO xls_proveedores (Proveedor, Ult_Actualizacion) VALUES ('Acme', '20/11/2026')"});
         app.copy_seed("clientes.install", "clientes.install");
         app.write_file("factura.install", "<html>factura</html>");
     }
@@ -344,8 +344,8 @@ struct Importacion : ::testing::Test {
             nueva,
             {"INSERT INTO xls_parametros VALUES ('CLIENTE', 'Ferretería Sur'), ('FECHA', '20/11/2026'), "
              "('VERSION', '2.9.9')",
-             "INSERT INTO xls_proveedores VALUES ('Acme', '20/11/2026'), ('Bulonera', '20/11/2026'), "
-             "('Bulonera', '19/11/2026')",
+             "INSERT INTO xls_proveedores (Proveedor, Ult_Actualizacion) VALUES ('Acme', '20/11/2026'), "
+             "('Bulonera', '20/11/2026')",
              "INSERT INTO xls_listas (Proveedor, Codigo, Descripcion, Precio) VALUES ('Acme', 'A1', "
              "'Martillo', '100')"});
         run.options.linea_de_comandos = '"' + nueva + '"';

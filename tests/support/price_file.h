@@ -5,10 +5,10 @@
 
 namespace vendrix::test {
 
-// Writes a small price database at `path` with the tables the program reads
-// (`xls_listas`, `xls_proveedores`, `xls_parametros`, `xls_listas_viejos`),
-// then runs the given statements on it (rows to insert, say). Fails the test
-// when a statement fails.
+// Writes an empty price database at `path` with the tables and format
+// version of the files the list builder makes, then runs the given
+// statements on it (rows to insert, say). Fails the test when a statement
+// fails.
 void crear_archivo_de_precios(const QString &path, const QStringList &statements = {});
 
 // Runs statements straight on a database file, outside the program's layer:

@@ -4,21 +4,6 @@
 
 namespace vendrix::test {
 
-void ScriptedOperator::inform(const QString &title, const QString &text)
-{
-    shown.push_back({QStringLiteral("inform"), title, text});
-}
-
-void ScriptedOperator::warn(const QString &title, const QString &text)
-{
-    shown.push_back({QStringLiteral("warn"), title, text});
-}
-
-void ScriptedOperator::error(const QString &title, const QString &text)
-{
-    shown.push_back({QStringLiteral("error"), title, text});
-}
-
 bool ScriptedOperator::ask(const QString &title, const QString &text)
 {
     shown.push_back({QStringLiteral("ask"), title, text});
@@ -29,12 +14,6 @@ bool ScriptedOperator::ask(const QString &title, const QString &text)
     const bool yes = answers.front();
     answers.pop_front();
     return yes;
-}
-
-void ScriptedOperator::answers_in_order(std::initializer_list<bool> list)
-{
-    for (bool yes : list)
-        answers.push_back(yes);
 }
 
 QStringList ScriptedOperator::lines() const

@@ -21,14 +21,14 @@ struct Shown {
 // script. A question with no answer left fails the test.
 class ScriptedOperator final : public Operator {
 public:
-    void inform(const QString &title, const QString &text) override;
-    void warn(const QString &title, const QString &text) override;
-    void error(const QString &title, const QString &text) override;
+    void inform(const QString &t, const QString &x) override { shown.push_back({"inform", t, x}); }
+    void warn(const QString &t, const QString &x) override { shown.push_back({"warn", t, x}); }
+    void error(const QString &t, const QString &x) override { shown.push_back({"error", t, x}); }
     bool ask(const QString &title, const QString &text) override;
 
     // Queue the answers of the next questions, in order.
     void answer(bool yes) { answers.push_back(yes); }
-    void answers_in_order(std::initializer_list<bool> list);
+    void answers_in_order(std::initializer_list<bool> list) { answers.insert(answers.end(), list); }
 
     // "kind|title|text" of each message, in order: handy for exact asserts.
     QStringList lines() const;

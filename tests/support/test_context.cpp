@@ -6,8 +6,7 @@
 
 namespace vendrix::test {
 
-TestApp::TestApp(bool failing)
-    : clock(QDateTime(QDate(2026, 11, 23), QTime(10, 30, 0))), folder_(dir_.path())
+TestApp::TestApp(bool failing) : clock(QDateTime(QDate(2026, 11, 23), QTime(10, 30, 0))), folder_(dir_.path())
 {
     Context::DatabaseFactory factory;
     if (failing) {
@@ -28,9 +27,7 @@ void TestApp::write_file(const QString &file, const QByteArray &bytes) const
 QByteArray TestApp::read_file(const QString &file) const
 {
     QFile f(ruta(file));
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    return f.readAll();
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 QStringList TestApp::log_lines() const

@@ -42,8 +42,27 @@ void escribir(const QString &path, const QByteArray &bytes)
     file.write(bytes);
 }
 
+QByteArray leer(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+BuildOptions opciones_lista(const QString &salida)
+{
+    return {
+        salida, QStringLiteral("Ferretería Demo"), QStringLiteral("1.0.0"), QStringLiteral("2026-11-23"), {},
+        {}};
+}
+
+SupplierList lista(const QString &proveedor, const QString &fecha, std::vector<ListArticle> articulos,
+                   const QString &codigo_interno)
+{
+    return {proveedor, fecha, {}, codigo_interno, std::move(articulos)};
+}
+
 ListArticle articulo(const QString &codigo, const QString &descripcion, const QString &precio,
-                       const QString &moneda)
+                     const QString &moneda)
 {
     return {QStringLiteral("Grupo"), codigo, descripcion, QStringLiteral("Marca"),
             QStringLiteral("UN"),    precio, moneda,      QString()};
