@@ -120,7 +120,9 @@ ResultadoAgregar AgregarArticulo::agregar()
         resultado.fila = fila;
     }
     resultado.agregado = true;
-    if (vista_.Check_guardar && vista_.Check_guardar_habilitado) {
+    // The lock only greys the box: a remembered value keeps it ticked, and
+    // the units typed are remembered all the same.
+    if (vista_.Check_guardar) {
         resultado.recargar_panel =
             guardar_unidades_articulo(ctx_, articulo_.proveedor, articulo_.codigo, vista_.unidades_guardadas,
                                       valor_texto(vista_.cant_unidades), vista_.Text_artdesc);

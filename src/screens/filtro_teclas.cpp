@@ -25,22 +25,15 @@ protected:
         if (watched != box_ || event->type() != QEvent::KeyPress)
             return false;
         const auto *key = static_cast<QKeyEvent *>(event);
-        const QString text = key->text();
-        // Only typed characters are filtered; shortcuts and editing keys pass.
-        if (text.size() != 1 || text.at(0).unicode() < 0x20 ||
-            (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
+        const int code = codigo_filtrado(box_->text(), *key, kind_, formula_);
+        if (code < 0)
             return false;
-        const int typed = text.at(0).unicode();
-        int code = typed;
-        // The keypad's point is the screen's decimal mark, so numbers can be
-        // typed on the keypad alone.
-        if (code == '.' && key->modifiers().testFlag(Qt::KeypadModifier))
-            code = kSeparadorDecimal.unicode();
-        const bool refused = formula_ ? filtro_tecla_formula(box_->text(), code, kind_)
-                                      : filtro_tecla_numero(box_->text(), code, kind_);
-        if (refused) {
+        const int typed = key->text().at(0).unicode();
+        if (code == 0) {
             QApplication::beep();
-            return true;
+            // A control key inserts nothing anyway: it goes on to the box,
+            // so Enter still ends the edit or presses the default button.
+            return typed >= 0x20;
         }
         if (code == typed)
             return false;
@@ -55,6 +48,27 @@ private:
 };
 
 } // namespace
+
+int codigo_filtrado(const QString &box_text, const QKeyEvent &key, const QString &kind, bool formula)
+{
+    const QString text = key.text();
+    if (text.size() != 1 || (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
+        return -1;
+    int code = text.at(0).unicode();
+    // Below the blank only the formula boxes filter, and never Tab, which
+    // moves the focus; Delete is an editing key.
+    if ((code < 0x20 && (!formula || code == '\t')) || code == 0x7f)
+        return -1;
+    // The keypad's point is the screen's decimal mark, so numbers can be
+    // typed on the keypad alone.
+    if (code == '.' && key.modifiers().testFlag(Qt::KeypadModifier))
+        code = kSeparadorDecimal.unicode();
+    if (formula)
+        filtro_tecla_formula(box_text, code, kind);
+    else
+        filtro_tecla_numero(box_text, code, kind);
+    return code;
+}
 
 void instalar_filtro_formula(QLineEdit *box, const QString &kind)
 {

@@ -164,6 +164,7 @@ QWidget *FrmMain::crear_pestana_listas()
     carritos_ = new screens::TabChangos(ctx_, listas_, page);
     layout->addWidget(carritos_);
     listas_->conectar_carritos(carritos_);
+    connect(listas_, &screens::PaginaListas::busquedaPedida, busqueda_, &screens::TabListas::buscar);
 
     // The search around the grid: the panel is emptied first; a single
     // result (a scanned code, say) goes to the first cart when the shop

@@ -194,6 +194,8 @@ void PaginaListas::abrir_unidades()
     dialogo.exec();
     if (dialogo.recargar_panel())
         recargar_panel();
+    // Saved or not, the list is searched again.
+    Q_EMIT busquedaPedida();
 }
 
 void PaginaListas::recargar_panel()

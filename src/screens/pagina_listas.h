@@ -53,6 +53,11 @@ public:
     // The search's only result (or a scanned code) to the first cart.
     bool agregar_automaticamente();
 
+Q_SIGNALS:
+    // The units dialog closed: the search runs again, so the list shows the
+    // units as they stand now.
+    void busquedaPedida();
+
 private:
     void fila_cambiada();
     void doble_clic();

@@ -154,9 +154,11 @@ TEST_F(MainConLista, FunctionKeysChooseTheCartsAndOneCartHidesTheRest)
 
     window->pagina_configuracion()->check_carritos()->setChecked(false);
     EXPECT_EQ(app.ctx().leer_parametro(QStringLiteral("carritos")), "0");
-    tabs.setCurrentIndex(0);
-    QTest::keyClick(window.get(), Qt::Key_F2);
-    EXPECT_EQ(tabs.currentIndex(), 0);
+    // F2 to F4 do nothing with one cart: the cart shown stays.
+    tabs.setCurrentIndex(1);
+    for (Qt::Key tecla : {Qt::Key_F2, Qt::Key_F3, Qt::Key_F4})
+        QTest::keyClick(window.get(), tecla);
+    EXPECT_EQ(tabs.currentIndex(), 1);
     for (int n = 2; n <= 4; ++n)
         EXPECT_FALSE(tabs.isTabVisible(n)) << n;
     EXPECT_TRUE(boton("Command_add_carrito1")->isHidden());
@@ -189,16 +191,19 @@ TEST_F(MainConLista, AScannedCodeGoesStraightToTheFirstCartWhenTheShopAskedForIt
     EXPECT_EQ(tabs.currentIndex(), 0);
 }
 
-TEST_F(MainConLista, TheUnitsButtonStoresTheUnitsAndReloadsThePanel)
+TEST_F(MainConLista, TheUnitsButtonStoresTheUnitsAndTheSearchRunsAgain)
 {
     buscar("1/4");
     PanelArticulo &panel = *window->pagina_listas()->panel();
     const QLabel *unidades = panel.findChild<QLabel *>(QStringLiteral("Label_PListacustomBig"));
     EXPECT_EQ(unidades->text(), "");
+    // The search runs again with the text of the box when the dialog closes.
+    window->busqueda()->textoBuscar()->setText(QStringLiteral("tornillo"));
     aceptar_dialogo("cant_unidades", "6");
     panel.findChild<QPushButton *>(QStringLiteral("Command_unudaddemedida"))->click();
 
     EXPECT_EQ(unidades_guardadas(), QStringList{"Acme|T1|6"});
+    EXPECT_EQ(lista().Rows(), 2);
     EXPECT_EQ(unidades->text(), "Precio unitario en base a 6 unidades");
 }
 

@@ -128,15 +128,13 @@ TEST_F(PanelArticuloTest, TypedFormulasAreOfferedWhenTheNextRowIsSelected)
     EXPECT_EQ(texto("TextBox_Ganancia"), QStringLiteral("45"));
 }
 
-TEST_F(PanelArticuloTest, ARepeatedCodeDisablesFavouritesAndPriceControl)
+TEST_F(PanelArticuloTest, ARepeatedCodeSaysWhyItCantBeAFavouriteAndCantBeFollowed)
 {
-    panel->cargar_fila(QStringLiteral("1"), QStringLiteral("Acme"));
-    EXPECT_TRUE(w<QPushButton>("Command_testigo_0")->isEnabled());
-    EXPECT_TRUE(w<QPushButton>("Command_testigo_1")->isEnabled());
     panel->cargar_fila(QStringLiteral("5"), QStringLiteral("Acme"));
-    EXPECT_FALSE(w<QPushButton>("Command_testigo_0")->isEnabled());
     EXPECT_FALSE(w<QPushButton>("Command_testigo_1")->isEnabled());
-    EXPECT_TRUE(w<QPushButton>("Command_unudaddemedida")->isEnabled());
+    QTest::mouseClick(w<QPushButton>("Command_testigo_0"), Qt::LeftButton);
+    EXPECT_EQ(app.op.lines(), QStringList{"error|Error al asignar favoritos|El artículo no puede agregarse a "
+                                          "Favoritos por que su código está repetido"});
 }
 
 TEST_F(PanelArticuloTest, FavouritesAndCommentFromTheButtons)
@@ -169,7 +167,16 @@ TEST_F(PanelArticuloTest, AListPriceCanBeTypedOnlyWhenTheListHasNone)
     panel->aplicar_detalle_precios(true);
     panel->cargar_fila(QStringLiteral("1"), QStringLiteral("Acme"));
     EXPECT_TRUE(w("TextBox_PLista")->isReadOnly());
+    // A former price of 0 is offered all the same.
+    test::ejecutar_en_archivo(
+        app.ruta(QStringLiteral("Vendrix.vdrxdb")),
+        {QStringLiteral("INSERT INTO xls_listas_viejos (Proveedor, FechaLista, Codigo, "
+                        "Precio, Moneda) VALUES ('D''Angelo', '2026-10-01', 'C2', '0', '1')")});
+    app.op.answer(false);
     panel->cargar_fila(QStringLiteral("8"), QStringLiteral("D'Angelo"));
+    ASSERT_EQ(app.op.shown.size(), 1u);
+    EXPECT_EQ(app.op.shown[0].title, QStringLiteral("Artículo sin precio"));
+    EXPECT_TRUE(app.op.shown[0].text.contains(QStringLiteral("Precio de Lista:  $0,00 (Pesos Argentinos)")));
     EXPECT_FALSE(w("TextBox_PLista")->isReadOnly());
     escribir("TextBox_PLista", QStringLiteral("100"));
     EXPECT_EQ(texto("TextBox_PLista"), QStringLiteral("100"));

@@ -25,8 +25,6 @@ int tecla_de_busqueda(const QString &opcion)
 
 bool tecla_enfoca_busqueda(const Context &ctx, int tecla)
 {
-    if (tecla >= Qt::Key_F1 && tecla <= Qt::Key_F5)
-        return true;
     if (ctx.leer_parametro(QStringLiteral("busqueda_search")) != QLatin1String("1"))
         return false;
     const int elegida = tecla_de_busqueda(ctx.leer_parametro(QStringLiteral("busqueda_search_combo")));

@@ -103,7 +103,9 @@ void aplicar_marcas(ArticleDetail &d)
     const bool favorito = m.favorito > 0;
     d.favoritos.caption =
         favorito ? QStringLiteral("Eliminar de favoritos") : QStringLiteral("Agregar a favoritos");
-    d.favoritos.habilitado = con_codigo && (favorito || !repetido);
+    // A repeated code keeps the button, so pressing it says why it can't be
+    // a favourite.
+    d.favoritos.habilitado = con_codigo;
 
     const bool controlado = m.centinela > 0 || m.testigo > 0;
     d.control.caption =

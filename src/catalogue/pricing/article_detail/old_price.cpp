@@ -27,9 +27,6 @@ bool ofrecer_precio_anterior(Context &ctx, ArticleDetail &detalle, const PriceSe
     double anterior = valor_texto(cursor->texto(4));
     if (es_moneda_dolar(cursor->texto(5)))
         anterior *= cotizacion_dolar(ajustes.valor_dolar);
-    // A former price of 0 is no better than the present one.
-    if (!(anterior > 0))
-        return false;
     const QString precio = Rounder(ajustes.redondeo).aplicar(anterior);
     const QString fecha = fecha_lista_visible(cursor->texto(0));
     const QString crlf = QStringLiteral("\r\n");

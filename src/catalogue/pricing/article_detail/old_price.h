@@ -15,9 +15,9 @@ void poner_precio_lista(PricePanel &panel, const QString &precio);
 
 // For an article the list has at price 0: looks for the supplier's former
 // price of the same code in `xls_listas_viejos` (dollars turned into pesos,
-// rounded for the screen) and asks, titled "Artículo sin precio", whether to
-// sell at it. On "Sí" the four list-price boxes take it and the result is
-// true; the caller works the panel out again.
+// rounded for the screen) and, whenever there is one, even of 0, asks,
+// titled "Artículo sin precio", whether to sell at it. On "Sí" the four list-price boxes take it and the
+// result is true; the caller works the panel out again.
 bool ofrecer_precio_anterior(Context &ctx, ArticleDetail &detalle, const PriceSettings &ajustes);
 
 } // namespace vendrix

@@ -112,7 +112,8 @@ TEST_F(DetalleArticuloTest, AWrongRuleFormulaIsToldOnceAtTheLoad)
 TEST_F(DetalleArticuloTest, CodeButtonsByCodeAndRepeatedCode)
 {
     ArticleDetail d = cargar(5);
-    EXPECT_EQ(botones(d), QStringLiteral("Agregar a favoritos-|Controlar Precio-|11100000"));
+    EXPECT_EQ(d.codigo_repetido, 2);
+    EXPECT_EQ(botones(d), QStringLiteral("Agregar a favoritos+|Controlar Precio-|11100000"));
     EXPECT_FALSE(alternar_favorito(app.ctx(), d));
     EXPECT_EQ(app.op.lines(),
               (QStringList{"error|Error al asignar favoritos|El artículo no puede agregarse a "
@@ -252,8 +253,8 @@ TEST(TeclaEnfocaBusqueda, CartKeysAndTheChosenSearchKey)
         bool enfoca;
     };
     const Caso casos[] = {
-        {"", "", Qt::Key_F1, true},
-        {"", "", Qt::Key_F5, true},
+        {"", "", Qt::Key_F1, false},
+        {"", "", Qt::Key_F5, false},
         {"", "", Qt::Key_F6, false},
         {"", "Escape (ESC)", Qt::Key_Escape, false},
         {"1", "Escape (ESC)", Qt::Key_Escape, true},
