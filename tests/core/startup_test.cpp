@@ -99,20 +99,13 @@ TEST(Startup, TemplatesAreWrittenWithCrLfLinesAndKeptWhenPresent)
                      "  <service>wsfe</service>\r\n</loginTicketRequest>");
     EXPECT_TRUE(texto_plantilla_fe(QStringLiteral("wsaa_token_pers.xml"))
                     .contains("\r\n  <service>ws_sr_padron_a13</service>\r\n"));
-    // What the start-up writes for a missing invoice request is the ticket
-    // skeleton, with its soft hyphen inside "UTF-8".
-    EXPECT_EQ(texto_plantilla_fe(QStringLiteral("wsaa_cae.xml")),
-              "<?xml version=\"1.0\" encoding=\"UTF\xad"
-              "8\"?>\r\n<loginTicketRequest version=\"1.0\">\r\n  <header>\r\n"
-              "    <source>cn=%FE_CN%,ou=facturacion,o=%AFIP_USER%,c=ar,serialNumber=CUIT %CUIT%</source>\r\n"
-              "    <destination>cn=wsaahomo,o=afip,c=ar,serialNumber=CUIT %CUIT%</destination>\r\n"
-              "    <uniqueId>%ID%</uniqueId>\r\n    <generationTime>%NOW%</generationTime>\r\n"
-              "    <expirationTime>%NOW+24h%</expirationTime>\r\n  </header>\r\n"
-              "  <service>wsfe</service>\r\n</loginTicketRequest>");
-    // The delivered request holds every mark the invoice fills in.
+    // A missing invoice request is written as the delivered one, with every
+    // mark the invoice fills in.
+    const QByteArray cae = texto_plantilla_fe(QStringLiteral("wsaa_cae.xml"));
     QFile delivered(QStringLiteral(VENDRIX_TEST_DATA "/../../data/wsaa_cae.xml"));
     ASSERT_TRUE(delivered.open(QIODevice::ReadOnly));
-    const QByteArray cae = delivered.readAll();
+    EXPECT_EQ(QString::fromUtf8(cae).remove(QLatin1Char('\r')),
+              QString::fromUtf8(delivered.readAll()).remove(QLatin1Char('\r')).trimmed());
     for (const char *mark :
          {"<FECAESolicitar>", "%TOKEN%", "%SIGN%", "%CUIT%", "%PUNTO_DE_VENTA%", "%TIPO_COMPROBANTE%",
           "%TIPOYNUMERODEDOCUMENTODELCOMPRADOR%", "%NUMERO_COMPROBANTE%", "%FECHA_EMISION%",
