@@ -1,5 +1,6 @@
 #include "catalogue/pricelist/demo/demo_lists.h"
 #include "catalogue/support/list_fixture.h"
+#include "core/settings.h"
 
 #include <QDir>
 #include <QFile>
@@ -82,7 +83,7 @@ TEST(DemoLists, HoldWhatRealListsHold)
               QStringLiteral("3"));
 }
 
-TEST(CarpetaDemo, WritesTheThreeSeedsOfAFirstRun)
+TEST(CarpetaDemo, WritesTheSeedsTemplateAndSettingsOfAFirstRun)
 {
     QTemporaryDir dir;
     const QString seed = dir.filePath(QStringLiteral("semilla.install"));
@@ -100,8 +101,21 @@ TEST(CarpetaDemo, WritesTheThreeSeedsOfAFirstRun)
 
     const QDir app(options.carpeta);
     EXPECT_EQ(app.entryList(QDir::Files, QDir::Name),
-              (QStringList{QStringLiteral("Vendrix.install"), QStringLiteral("clientes.install"),
-                           QStringLiteral("factura.install")}));
+              (QStringList{QStringLiteral("Config.vdrx"), QStringLiteral("Vendrix.install"),
+                           QStringLiteral("clientes.install"), QStringLiteral("factura.install"),
+                           QStringLiteral("wsaa_cae.xml")}));
+    // Dollar lists show real prices; the rest are the default settings.
+    const Settings ajustes(app.filePath(QStringLiteral("Config.vdrx")));
+    EXPECT_EQ(ajustes.leer_parametro(QStringLiteral("Valor_Dolar")), QStringLiteral("1450"));
+    EXPECT_EQ(ajustes.leer_parametro(QStringLiteral("version")), QStringLiteral("1.0.0"));
+    EXPECT_EQ(ajustes.leer_parametro(QStringLiteral("iva")), QStringLiteral("21"));
+    QFile request(app.filePath(QStringLiteral("wsaa_cae.xml")));
+    ASSERT_TRUE(request.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(request.readAll().contains("<FECAESolicitar>"));
+    // A second run keeps the shop's own settings.
+    ajustes.escribir_parametro(QStringLiteral("Valor_Dolar"), QStringLiteral("1500"));
+    ASSERT_TRUE(crear_carpeta_demo(options).ok());
+    EXPECT_EQ(ajustes.leer_parametro(QStringLiteral("Valor_Dolar")), QStringLiteral("1500"));
     QFile copied(app.filePath(QStringLiteral("clientes.install")));
     ASSERT_TRUE(copied.open(QIODevice::ReadOnly));
     EXPECT_EQ(copied.readAll(), QByteArray("clientes de prueba"));
