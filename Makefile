@@ -30,7 +30,7 @@ run: build
 	fi
 	@if [ -z "$$DISPLAY$$WAYLAND_DISPLAY" ]; then \
 	  echo "No hay pantalla: Vendrix se abre en una pantalla virtual (Xvfb)."; \
-	  xvfb-run -a -s "-screen 0 1280x800x24" $(BUILD)/src/app/vendrix --carpeta $(DEMO); \
+	  xvfb-run -a -s "-screen 0 1280x720x24" $(BUILD)/src/app/vendrix --carpeta $(DEMO); \
 	else \
 	  $(BUILD)/src/app/vendrix --carpeta $(DEMO); \
 	fi

@@ -8,11 +8,9 @@ namespace vendrix {
 class Context;
 
 // The electronic-invoice templates kept beside the program, in the order the
-// start-up checks them. An installation delivers the true invoice request
-// `wsaa_cae.xml` (data/wsaa_cae.xml); what the start-up writes when that file
-// is missing is only the ticket skeleton of the first versions
-// (data/wsaa_cae_arranque.xml), so a lost template must be delivered again
-// before the shop can invoice.
+// start-up checks them. A missing one is written with the delivered file of
+// data/ (compiled in), the invoice request `wsaa_cae.xml` included, so a
+// folder that lost a template can still invoice.
 inline constexpr const char *kPlantillasFe[] = {
     "wefe_dummy.xml", "wsaa_cae.xml", "wsfe_cae_fact_request.xml", "wsaa_token.xml", "wsaa_token_pers.xml",
 };

@@ -8,10 +8,13 @@
 #include "widgets/lynx_grid.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace vendrix::screens {
 
@@ -110,6 +113,8 @@ void CarritoTab::crear_columnas()
             spec.type = ColumnType::Number;
             spec.summed = true;
         }
+        if (col == kColCantidad || col == kColPrecioUnitario || col == kColImporte)
+            spec.alignment = Qt::AlignRight | Qt::AlignVCenter;
         // Carts 2 to 4 have always carried this format on the description.
         if (col == kColArticulo && carrito_.numero() > 1)
             spec.format = QStringLiteral("#");
@@ -118,11 +123,32 @@ void CarritoTab::crear_columnas()
     grilla_->setTotalsLineShow(true);
     grilla_->setTotalsLineCaption(kColCantidad, kLeyendaCantidad);
     grilla_->setTotalsLineCaption(kColImporte, kLeyendaTotal);
+    ajustar_anchos();
     grilla_->setAllowEdit(true);
     grilla_->setEditKeyPressHandler([this](int col, int &key) { filtrar_tecla(col, key); });
     grilla_->setAfterEditHandler([this](int row, int col, QString &value, bool &cancel) {
         despues_de_editar(row, col, value, cancel);
     });
+}
+
+void CarritoTab::ajustar_anchos()
+{
+    QHeaderView *header = grilla_->view()->horizontalHeader();
+    QFont negrita = grilla_->font();
+    negrita.setBold(true);
+    const QFontMetrics totales(negrita);
+    // The totals line leaves a few pixels each side of its captions, and a
+    // little room so that they aren't cut at the last pixel; a summed column
+    // shows its total after the caption.
+    const int margen = 8 + 2 * totales.averageCharWidth();
+    const QString total = QStringLiteral(" 9999999,99");
+    for (int col : {kColCantidad, kColPrecioUnitario, kColImporte}) {
+        const QString texto = grilla_->TotalsLineCaption(col) + (grilla_->ColSummed(col) ? total : QString());
+        const int caption = totales.horizontalAdvance(texto) + margen;
+        header->resizeSection(col,
+                              std::max({header->sectionSize(col), header->sectionSizeHint(col), caption}));
+    }
+    header->setSectionResizeMode(kColArticulo, QHeaderView::Stretch);
 }
 
 void CarritoTab::mostrar()

@@ -38,6 +38,9 @@ Q_SIGNALS:
 
 private:
     void crear_columnas();
+    // The figure columns fit their headings and totals captions whatever the
+    // font; the description takes the width left.
+    void ajustar_anchos();
     void agregar_linea();
     void eliminar_linea();
     void vaciar();

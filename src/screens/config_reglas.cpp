@@ -39,7 +39,9 @@ QComboBox *combo(QWidget *parent, const QString &nombre)
 {
     auto *c = new QComboBox(parent);
     c->setObjectName(nombre);
-    c->setMinimumContentsLength(18);
+    // Narrow at least, so that the tab fits a 1280-pixel screen; the
+    // article's combo takes the width left over.
+    c->setMinimumContentsLength(12);
     c->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     return c;
 }
@@ -109,6 +111,9 @@ ConfigReglas::ConfigReglas(Context &ctx, RuleStore &reglas, QWidget *parent)
         form->addWidget(widget, 1, columna);
         ++columna;
     }
+    // The combos take the width left over, the article's most.
+    form->setColumnStretch(0, 1);
+    form->setColumnStretch(1, 1);
     form->setColumnStretch(2, 2);
     form->addWidget(agregar_, 1, columna++);
     form->addWidget(borrar_, 1, columna);
@@ -175,7 +180,7 @@ void ConfigReglas::grupo_elegido()
 void ConfigReglas::agregar()
 {
     const RuleRow nueva{proveedor_->currentText(), grupo_->currentText(), articulo_->currentText(),
-                          descuento_->text(), ganancia_->text()};
+                        descuento_->text(), ganancia_->text()};
     if (agregar_regla(ctx_, reglas_.filas(), nueva))
         reglas_.llenar(ctx_);
 }

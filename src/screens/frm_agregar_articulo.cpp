@@ -16,6 +16,9 @@ FrmAgregarArticulo::FrmAgregarArticulo(Context &ctx, Carritos &carritos, int car
     setWindowTitle(QStringLiteral("Agregar Artículo"));
     crear_controles();
     mostrar();
+    // The operator types the quantity over the "1" and presses Enter.
+    cant_agregar_->setFocus();
+    cant_agregar_->selectAll();
 }
 
 void FrmAgregarArticulo::crear_controles()

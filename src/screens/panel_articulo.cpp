@@ -1,13 +1,17 @@
 #include "screens/panel_articulo.h"
 
 #include "catalogue/pricing/article_detail/detail_marks.h"
+#include "catalogue/pricing/formula.h"
 #include "catalogue/pricing/price_settings.h"
 #include "catalogue/pricing/settings_boxes.h"
 #include "catalogue/pricing/supplier_rules/rule_store.h"
 #include "core/context.h"
 #include "screens/dialogo_comentario.h"
 
+#include <QApplication>
+#include <QFocusEvent>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -160,8 +164,59 @@ void PanelArticulo::formula_editada(PanelField campo, QLineEdit *box)
     if (detalle_.id == 0)
         return;
     detalle_.panel[campo].text = box->text();
-    calcular_precio_detalle(ctx_, detalle_.panel);
+    incompletas_.removeAll(box);
+    if (!formula_valida(box->text())) {
+        incompletas_.append(box);
+        return;
+    }
+    recalcular(false);
     mostrar_figuras(box);
+}
+
+void PanelArticulo::formula_terminada(QLineEdit *box)
+{
+    if (!incompletas_.removeAll(box))
+        return;
+    recalcular(true);
+    mostrar_figuras(box);
+}
+
+void PanelArticulo::recalcular(bool avisar_incompletas)
+{
+    // The busy state disables the main window, which takes the focus from
+    // the box being typed in: it goes back there afterwards.
+    QWidget *foco = QApplication::focusWidget();
+    calculando_ = true;
+    ctx_.estado().marcar_ocupado(true);
+    calcular_precio_detalle(detalle_.panel, PriceSettings::leer(ctx_));
+    // The critical icon marks the wrong-formula messages alone.
+    if (!avisar_incompletas)
+        std::erase_if(detalle_.panel.mensajes,
+                      [](const Mensaje &m) { return m.icono == Mensaje::Icono::Critico; });
+    publicar_panel(ctx_, detalle_.panel);
+    ctx_.estado().marcar_ocupado(false);
+    calculando_ = false;
+    if (foco && foco->isEnabled() && !foco->hasFocus())
+        foco->setFocus();
+}
+
+bool PanelArticulo::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *box = qobject_cast<QLineEdit *>(watched);
+    if (!box || !incompletas_.contains(box) || calculando_)
+        return QWidget::eventFilter(watched, event);
+    bool terminada = false;
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        terminada = key == Qt::Key_Return || key == Qt::Key_Enter;
+    } else if (event->type() == QEvent::FocusOut) {
+        // Another window coming to the front isn't leaving the box.
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        terminada = reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+    }
+    if (terminada)
+        formula_terminada(box);
+    return QWidget::eventFilter(watched, event);
 }
 
 void PanelArticulo::precio_lista_editado()
@@ -209,6 +264,7 @@ void PanelArticulo::mostrar()
     faltante_->setEnabled(d.pedido_habilitado);
 
     const PricePanel &p = d.panel;
+    incompletas_.clear();
     ganancia_->setText(p[C::TextBox_Ganancia].text);
     descuento_->setText(p[C::TextBox_Descuento].text);
     desusr_->setText(p[C::Textbox_desusr].text);

@@ -27,7 +27,10 @@ namespace vendrix {
 // (`framepreciodetalle`), toggled by `preciodetalle`.
 //
 // Every figure comes from `cargar_detalle_articulo`; typing in a formula box
-// works the panel out again at each change, through the formula key filters.
+// works the panel out again at each change that leaves a complete formula,
+// through the formula key filters. A formula still being typed ("10+") keeps
+// the last figures, and its message waits until the operator leaves the box
+// or presses Enter with it.
 class PanelArticulo : public QWidget {
     Q_OBJECT
 
@@ -72,6 +75,8 @@ Q_SIGNALS:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    // Enter and leaving in the formula boxes.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void construir();
@@ -81,6 +86,12 @@ private:
     void mostrar();
     void mostrar_figuras(const QLineEdit *escribiendo = nullptr);
     void formula_editada(PanelField campo, QLineEdit *box);
+    // Enter or leaving a formula box: an incomplete formula typed there is
+    // told now, and the panel worked out with it.
+    void formula_terminada(QLineEdit *box);
+    // `calcular_precio_detalle` on the panel; without `avisar_incompletas`
+    // the messages of wrong formulas are held back.
+    void recalcular(bool avisar_incompletas);
     void precio_lista_editado();
     void preciodetalle_click();
     void favoritos_click();
@@ -91,6 +102,8 @@ private:
     ArticleDetail detalle_;
     quint64 version_reglas_ = 0; // of the rules the shown figures come from
     std::function<bool()> desbloquear_;
+    QList<QLineEdit *> incompletas_; // formula boxes left incomplete by the typing, not told yet
+    bool calculando_ = false;        // the busy state takes the focus away meanwhile
     EditorComentario editor_comentario_;
 
     QLineEdit *id_ = nullptr;

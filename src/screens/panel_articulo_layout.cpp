@@ -229,6 +229,9 @@ QWidget *PanelArticulo::construir_precios()
     instalar_filtro_formula(descuento_, QStringLiteral("descuento"));
     instalar_filtro_formula(desusr_, QStringLiteral("descuento"));
     instalar_filtro_numero(plista_, QStringLiteral("real"));
+    // After the key filters, so that Enter reaches the panel first.
+    for (QLineEdit *box : {ganancia_, descuento_, desusr_})
+        box->installEventFilter(this);
     connect(ganancia_, &QLineEdit::textEdited, this,
             [this] { formula_editada(C::TextBox_Ganancia, ganancia_); });
     connect(descuento_, &QLineEdit::textEdited, this,

@@ -1,14 +1,13 @@
+// The main window without a price list: its load, indicators, logo, busy
+// state, closing and hidden labels.
 #include "screens/frm_log.h"
 #include "screens/frm_main.h"
+#include "screens/pantalla.h"
 
 #include "support/qt_print.h"
 #include "support/test_context.h"
 
-#include <QApplication>
-#include <QLabel>
 #include <QTabWidget>
-
-#include <gtest/gtest.h>
 
 namespace vendrix::test {
 namespace {
@@ -19,7 +18,7 @@ bool logo_visible(const FrmMain &window, int index)
     return logo && !logo->isHidden();
 }
 
-TEST(FrmMain, TheLoadSetsTheTabsAndTheIndicators)
+TEST(FrmMain, TheLoadSetsTheTabsTheIndicatorsAndTheLogo)
 {
     TestApp app;
     app.ctx().escribir_parametro(QStringLiteral("impresora_fiscal"), QStringLiteral("1"));
@@ -30,127 +29,81 @@ TEST(FrmMain, TheLoadSetsTheTabsAndTheIndicators)
     EXPECT_TRUE(app.log_messages().contains(
         QStringLiteral("ER GR001 - 1 No se pudo leer la grilla de descuentos y ganancias 0 Vendrix.")));
     EXPECT_EQ(app.log_messages().last(), QStringLiteral("FIN - Load form FrmMain."));
-
     QStringList captions;
     for (int i = 0; i < window.pestanas()->count(); ++i)
         captions << window.pestanas()->tabText(i);
     EXPECT_EQ(captions,
               QStringList({"Listas de Precios", "Novedades", "Configuración", "Pedidos", "Control de Precios",
                            "Reportes", "Clientes y Proveedores", "Pagos", "Aviso Legal"}));
-    EXPECT_EQ(window.imagen_panel(2), 23); // no connection
-    EXPECT_EQ(window.imagen_panel(3), 22); // the shop's printer is on
-    EXPECT_EQ(window.imagen_panel(4), 19);
-    EXPECT_EQ(window.imagen_panel(5), 26);
-    EXPECT_TRUE(logo_visible(window, 0)); // 23 November
-}
-
-TEST(FrmMain, TheHolidayLogoReplacesTheOrdinaryOne)
-{
-    struct Caso {
-        QDate today;
-        int logo;
+    // No connection, the shop's printer on, no errors, idle; then each
+    // indicator changes its own panel only.
+    const auto paneles = [&] {
+        return QList<int>({window.imagen_panel(2), window.imagen_panel(3), window.imagen_panel(4),
+                           window.imagen_panel(5), window.imagen_panel(9)});
     };
-    for (const Caso &c :
-         {Caso{QDate(2026, 9, 19), 4}, Caso{QDate(2026, 9, 26), 4}, Caso{QDate(2026, 9, 27), 0},
-          Caso{QDate(2026, 4, 2), 2}, Caso{QDate(2026, 12, 24), 1}}) {
-        TestApp app;
-        app.clock.set(QDateTime(c.today, QTime(10, 0)));
-        FrmMain window(app.ctx());
-        EXPECT_EQ(window.elegir_logo(), c.logo);
-        for (int i = 0; i < 6; ++i)
-            EXPECT_EQ(logo_visible(window, i), i == c.logo) << c.today.toString().toStdString() << " " << i;
-    }
+    EXPECT_EQ(paneles(), QList<int>({23, 22, 19, 26, 0}));
+    window.actualizar_indicador(QStringLiteral("bug_on"));
+    window.actualizar_indicador(QStringLiteral("no_existe"));
+    EXPECT_EQ(paneles(), QList<int>({23, 22, 20, 26, 0}));
+    EXPECT_TRUE(logo_visible(window, 0)); // 23 November
+    app.clock.set(QDateTime(QDate(2026, 9, 19), QTime(10, 0)));
+    window.elegir_logo();
+    EXPECT_EQ(QList<bool>({logo_visible(window, 0), logo_visible(window, 4)}), QList<bool>({false, true}));
 }
 
 TEST(FrmMain, BusyFreezesTheWindowUnlessTheSettingSaysOtherwise)
 {
     TestApp app;
     FrmMain window(app.ctx());
-    QWidget *tabs = window.pestanas();
-
     window.marcar_ocupado(true);
-    EXPECT_FALSE(window.isEnabled());
-    EXPECT_FALSE(tabs->isEnabled());
+    window.marcar_ocupado(true); // one wait cursor all the same
+    EXPECT_FALSE(window.pestanas()->isEnabled());
     ASSERT_NE(QApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
     EXPECT_EQ(window.imagen_panel(5), 27);
-    // A second call doesn't stack another wait cursor.
-    window.marcar_ocupado(true);
     window.marcar_ocupado(false);
-    EXPECT_TRUE(window.isEnabled());
-    EXPECT_TRUE(tabs->isEnabled());
+    EXPECT_TRUE(window.pestanas()->isEnabled());
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(window.imagen_panel(5), 26);
 
     app.ctx().escribir_parametro(QStringLiteral("disable_while_processing"), QStringLiteral("no"));
     window.marcar_ocupado(true);
     EXPECT_TRUE(window.isEnabled());
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(window.imagen_panel(5), 26);
-    // Releasing still enables the window, whatever disabled it.
-    window.setEnabled(false);
+    window.setEnabled(false); // releasing enables the window, whatever disabled it
     window.marcar_ocupado(false);
     EXPECT_TRUE(window.isEnabled());
 }
 
-TEST(FrmMain, IndicatorsChangeTheirPanelOnly)
-{
-    TestApp app;
-    FrmMain window(app.ctx());
-    window.actualizar_indicador(QStringLiteral("bug_on"));
-    window.actualizar_indicador(QStringLiteral("impresora_ocupada"));
-    window.actualizar_indicador(QStringLiteral("internet_on"));
-    window.actualizar_indicador(QStringLiteral("no_existe"));
-    EXPECT_EQ(window.imagen_panel(2), 24);
-    EXPECT_EQ(window.imagen_panel(3), 23);
-    EXPECT_EQ(window.imagen_panel(4), 20);
-    EXPECT_EQ(window.imagen_panel(5), 26);
-    EXPECT_EQ(window.imagen_panel(9), 0);
-}
-
-TEST(FrmMain, ClosingRemindsOfTheBackupAndAsks)
+TEST(FrmMain, ClosingAsksClosesTheLogViewerAndHiddenLabelsWork)
 {
     TestApp app;
     app.ctx().escribir_parametro(QStringLiteral("preguntar_al_salir"), QStringLiteral("1"));
     FrmMain window(app.ctx());
     window.show();
-    FrmLog *viewer = window.abrir_log();
-    app.op.answers_in_order({false, true});
+    app.ctx().escribir_log(QStringLiteral("Precio de 1,50 guardado"), QStringLiteral("I"));
+    app.ctx().escribir_log(QStringLiteral("ER EXECNQ - 1 falla"), QStringLiteral("E"));
+    window.config_label(8);
+    window.config_label(8);
+    ASSERT_EQ(window.findChildren<FrmLog *>().size(), 1);
+    FrmLog *viewer = window.findChild<FrmLog *>();
+    // The viewer shows the log's lines, one level box hides its own, and
+    // its button empties the log.
+    const widgets::LynxGrid &grilla = *viewer->grilla();
+    EXPECT_EQ(grilla.CellText(0, 2), QStringLiteral("Precio de 1,50 guardado."));
+    hijo<QCheckBox>(*viewer, "Check_filtro_0")->setChecked(false); // INF
+    EXPECT_EQ(grilla.CellText(0, 1), QStringLiteral("ERROR"));
+    hijo<QPushButton>(*viewer, "Command_borrar")->click();
+    EXPECT_EQ(app.log_messages(), QStringList{"Configuración - Se Borro el log a pedido del usuario."});
+    EXPECT_EQ(app.status.keywords.last(), QStringLiteral("bug_off"));
+    window.config_label(14);
+    EXPECT_TRUE(app.log().detalle_alto());
+    EXPECT_EQ(app.op.shown.back().title, QStringLiteral("Nivel de detalle en el log incrementado"));
 
+    app.op.answers_in_order({false, true});
     EXPECT_FALSE(window.close());
     EXPECT_TRUE(window.isVisible());
-    EXPECT_FALSE(app.log_messages().contains(QStringLiteral("Cerrando aplicación Vendrix.")));
-
     EXPECT_TRUE(window.close());
     EXPECT_FALSE(viewer->isVisible());
     EXPECT_EQ(app.log_messages().last(), QStringLiteral("Cerrando aplicación Vendrix."));
-    const QString sin_backup = QStringLiteral("inform|Vendrix|No hay evidencia de un resguardo de "
-                                              "información (backup). Vendrix le sugiere que haga un "
-                                              "resguardo desde la solapa de \"Configuración\".");
-    const QString pregunta =
-        QStringLiteral("ask|¿Salir del programa?|¿Está seguro que desea salir de Vendrix?");
-    EXPECT_EQ(app.op.lines(), QStringList({sin_backup, pregunta, sin_backup, pregunta}));
-}
-
-TEST(FrmMain, HiddenConfigurationLabelsOpenTheLogAndRaiseItsDetail)
-{
-    TestApp app;
-    FrmMain window(app.ctx());
-    window.config_label(14);
-    EXPECT_EQ(
-        app.op.lines(),
-        QStringList{"inform|Nivel de detalle en el log incrementado|Se incremento el nivel de detalle en el "
-                    "log. La configuración se mantendra hasta que reinicie Vendrix."});
-    EXPECT_TRUE(app.log().detalle_alto());
-
-    window.config_label(3);
-    EXPECT_EQ(window.findChild<FrmLog *>(), nullptr);
-    window.config_label(8);
-    FrmLog *viewer = window.findChild<FrmLog *>();
-    ASSERT_NE(viewer, nullptr);
-    EXPECT_TRUE(viewer->isVisible());
-    window.config_label(8);
-    EXPECT_EQ(window.findChildren<FrmLog *>().size(), 1);
 }
 
 } // namespace

@@ -62,11 +62,14 @@ int cmd_demo(const CliArgs &args)
         op.error(kTitulo, made.error);
         return 1;
     }
-    op.inform(kTitulo, QStringLiteral("Se preparó la carpeta '%1': Vendrix.install con %2 artículos de %3 "
-                                      "proveedores, clientes.install y factura.install.")
-                           .arg(QDir::toNativeSeparators(options.carpeta))
-                           .arg(made.lista.articulos)
-                           .arg(made.lista.proveedores));
+    op.inform(kTitulo,
+              QStringLiteral("Se preparó la carpeta '%1': Vendrix.install con %2 artículos de %3 "
+                             "proveedores, clientes.install, factura.install, wsaa_cae.xml y Config.vdrx "
+                             "(dólar a %4).")
+                  .arg(QDir::toNativeSeparators(options.carpeta))
+                  .arg(made.lista.articulos)
+                  .arg(made.lista.proveedores)
+                  .arg(QString::fromLatin1(kDolarDemo)));
     return 0;
 }
 

@@ -1,6 +1,8 @@
 #include "catalogue/pricelist/demo/demo_lists.h"
 
 #include "catalogue/pricelist/build/extra_rows.h"
+#include "core/settings.h"
+#include "core/startup_files.h"
 
 #include <QDir>
 #include <QFile>
@@ -51,6 +53,20 @@ QString escribir_csvs(const DemoLists &demo, const QString &folder)
     return {};
 }
 
+// The settings of a first run, with a dollar rate of today's order so that
+// the lists in dollars show real prices. A folder that already has its
+// settings keeps them.
+QString escribir_ajustes(const QDir &folder, const QString &version)
+{
+    const Settings ajustes(folder.filePath(QStringLiteral("Config.vdrx")));
+    if (QFile::exists(ajustes.path()))
+        return {};
+    if (!ajustes.crear_por_defecto(version) ||
+        !ajustes.escribir_parametro(QStringLiteral("Valor_Dolar"), QString::fromLatin1(kDolarDemo)))
+        return QStringLiteral("No se puede escribir '%1'.").arg(ajustes.path());
+    return {};
+}
+
 } // namespace
 
 DemoResult crear_carpeta_demo(const DemoOptions &opciones)
@@ -73,16 +89,25 @@ DemoResult crear_carpeta_demo(const DemoOptions &opciones)
             return result;
     }
     BuildOptions build{folder.filePath(QStringLiteral("Vendrix.install")),
-                               opciones.cliente,
-                               opciones.version,
-                               opciones.fecha,
-                               reportes_predeterminados(),
-                               tips_predeterminados(opciones.version)};
+                       opciones.cliente,
+                       opciones.version,
+                       opciones.fecha,
+                       reportes_predeterminados(),
+                       tips_predeterminados(opciones.version)};
     result.lista = construir_lista(build, demo.nuevas, &demo.anterior);
     result.error = result.lista.error;
     if (!result.ok())
         return result;
     result.error = escribir_archivo(folder.filePath(QStringLiteral("factura.install")), plantilla_factura());
+    if (!result.ok())
+        return result;
+    // The invoice request ships with the program: a demo shop can invoice
+    // in the test environment as it stands.
+    result.error = escribir_archivo(folder.filePath(QStringLiteral("wsaa_cae.xml")),
+                                    texto_plantilla_fe(QStringLiteral("wsaa_cae.xml")));
+    if (!result.ok())
+        return result;
+    result.error = escribir_ajustes(folder, opciones.version);
     return result;
 }
 

@@ -15,6 +15,8 @@ namespace vendrix {
 
 inline constexpr int kArticulosDemo = 300000;
 inline constexpr quint64 kSemillaDemo = 1;
+// Pesos per dollar in a demo shop's settings.
+inline constexpr const char *kDolarDemo = "1450";
 
 // Twelve suppliers' lists as they stand now, and the former file they
 // update: nine suppliers send a new list, three keep the one they sent
@@ -55,8 +57,11 @@ struct DemoResult {
 
 // Fills an application folder for a first run: `Vendrix.install` built from
 // the demo lists (with the sample reports and tips), `clientes.install`
-// copied from the built seed, and the `factura.install` template. Existing
-// `.install` files are replaced; the live files beside them are not touched.
+// copied from the built seed, the `factura.install` template, the invoice
+// request `wsaa_cae.xml`, and, when the folder has none, `Config.vdrx` with
+// the default settings and `Valor_Dolar` at kDolarDemo. Existing `.install`
+// files and the request are replaced; the live files beside them are not
+// touched.
 DemoResult crear_carpeta_demo(const DemoOptions &opciones);
 
 } // namespace vendrix

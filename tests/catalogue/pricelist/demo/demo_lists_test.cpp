@@ -1,5 +1,6 @@
 #include "catalogue/pricelist/demo/demo_lists.h"
 #include "catalogue/support/list_fixture.h"
+#include "core/settings.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -55,7 +56,7 @@ TEST(DemoLists, HoldWhatRealListsHold)
     EXPECT_EQ(valor(db, "SELECT count(*) FROM xls_listas_viejos"), QString::number(r.precios_viejos));
 }
 
-TEST(CarpetaDemo, WritesTheThreeSeedsOfAFirstRun)
+TEST(CarpetaDemo, WritesTheSeedsTemplateAndSettingsOfAFirstRun)
 {
     QTemporaryDir dir;
     const QString seed = dir.filePath("semilla.install");
@@ -67,10 +68,22 @@ TEST(CarpetaDemo, WritesTheThreeSeedsOfAFirstRun)
 
     const QDir app(options.carpeta);
     EXPECT_EQ(app.entryList(QDir::Files, QDir::Name),
-              (QStringList{"Vendrix.install", "clientes.install", "factura.install"}));
+              (QStringList{"Config.vdrx", "Vendrix.install", "clientes.install", "factura.install",
+                           "wsaa_cae.xml"}));
     EXPECT_EQ(test::leer(app.filePath("clientes.install")), "clientes de prueba");
     EXPECT_EQ(test::leer(app.filePath("factura.install")),
               test::leer(VENDRIX_TEST_DATA "/../../data/factura.install"));
+    EXPECT_EQ(test::leer(app.filePath("wsaa_cae.xml")),
+              test::leer(VENDRIX_TEST_DATA "/../../data/wsaa_cae.xml"));
+    // Dollar lists show real prices; the rest are the default settings.
+    const Settings ajustes(app.filePath("Config.vdrx"));
+    EXPECT_EQ(ajustes.leer_parametro("Valor_Dolar"), "1450");
+    EXPECT_EQ(ajustes.leer_parametro("version"), "1.0.0");
+    EXPECT_EQ(ajustes.leer_parametro("iva"), "21");
+    // A second run keeps the shop's own settings.
+    ajustes.escribir_parametro("Valor_Dolar", "1500");
+    ASSERT_TRUE(crear_carpeta_demo(options).ok());
+    EXPECT_EQ(ajustes.leer_parametro("Valor_Dolar"), "1500");
 
     const QString db = app.filePath("Vendrix.install");
     EXPECT_EQ(filas(db, "SELECT group_concat(CLAVE || '=' || VALOR, ' ') FROM (SELECT * FROM xls_parametros "

@@ -1,0 +1,55 @@
+#pragma once
+
+// What the screen tests share: widgets by name, typing, the next dialog.
+#include "widgets/lynx_grid.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace vendrix::test {
+
+// A child of a window by its object name.
+template <typename T = QLineEdit> T *hijo(const QObject &padre, const char *nombre)
+{
+    return padre.findChild<T *>(QString::fromUtf8(nombre));
+}
+
+// Replaces a box's text as typed: the focus, all selected, then the keys.
+inline void escribir(QLineEdit *box, const QString &teclas)
+{
+    box->setFocus();
+    box->selectAll();
+    QTest::keyClicks(box, teclas);
+}
+
+// The open editor of a grid: closed ones wait in the view for their
+// deletion, the open one is the newest.
+inline QLineEdit *editor_abierto(const widgets::LynxGrid &g)
+{
+    return g.view()->viewport()->findChildren<QLineEdit *>().last();
+}
+
+// Runs `paso` on the modal dialog once it is on screen.
+template <typename D = QDialog> void en_el_dialogo(std::function<void(D &)> paso)
+{
+    QTimer::singleShot(0, [paso] {
+        auto *dialogo = qobject_cast<D *>(QApplication::activeModalWidget());
+        ASSERT_NE(dialogo, nullptr);
+        paso(*dialogo);
+    });
+}
+
+} // namespace vendrix::test
