@@ -134,12 +134,12 @@ QString carpeta_demo()
         QDir().mkpath(folder);
         const DemoLists demo = generar_listas_demo(kArticulosDemo, kSemillaDemo);
         const BuildResult built = construir_lista({folder + QStringLiteral("/Vendrix.vdrxdb"),
-                                                             QStringLiteral("Demo"),
-                                                             QStringLiteral("1.0.0"),
-                                                             QStringLiteral("2026-11-23"),
-                                                             {},
-                                                             {}},
-                                                            demo.nuevas, &demo.anterior);
+                                                   QStringLiteral("Demo"),
+                                                   QStringLiteral("1.0.0"),
+                                                   QStringLiteral("2026-11-23"),
+                                                   {},
+                                                   {}},
+                                                  demo.nuevas, &demo.anterior);
         if (!built.ok())
             _exit(1);
         sqlite3 *shop = nullptr;
@@ -180,7 +180,8 @@ Entorno &entorno()
 }
 
 // The earlier program's statement on SQLite: the same shape, the built-in
-// LIKE on the concatenated fields of every row.
+// LIKE on the concatenated fields of every row, with an escape so that `%`
+// and `_` in a term match themselves, as in the indexed search.
 QString sentencia_escaneo(int terms, bool capped)
 {
     const QString haystack = QStringLiteral(
@@ -188,7 +189,7 @@ QString sentencia_escaneo(int terms, bool capped)
         "ifnull(l.Descripcion,'') || ' ' || ifnull(l.Marca,'') || ' ' || ifnull(l.Codigo,'') || ' ' || '')");
     QString where;
     for (int i = 0; i < terms; ++i)
-        where += haystack + QStringLiteral(" LIKE ? AND ");
+        where += haystack + QStringLiteral(" LIKE ? ESCAPE '\\' AND ");
     where += QStringLiteral("1");
     const QString marks = QStringLiteral(
         "(SELECT count(*) FROM clientes.vendrix_articulos_testigo t WHERE l.Proveedor = t.Proveedor AND "
@@ -216,6 +217,14 @@ QString sentencia_escaneo(int terms, bool capped)
            QStringLiteral(")) ORDER BY favorito DESC, ID");
 }
 
+// A term for `LIKE ? ESCAPE '\'`: every character of it stands for itself.
+QString literal_like(QString term)
+{
+    term.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
+    term.replace(QLatin1Char('%'), QLatin1String("\\%"));
+    return term.replace(QLatin1Char('_'), QLatin1String("\\_"));
+}
+
 int escanear(sqlite3 *db, const char *text, bool capped)
 {
     const QStringList terms =
@@ -224,7 +233,7 @@ int escanear(sqlite3 *db, const char *text, bool capped)
     sqlite3_stmt *stmt = nullptr;
     sqlite3_prepare_v2(db, sql.constData(), -1, &stmt, nullptr);
     for (int i = 0; i < terms.size(); ++i) {
-        const QByteArray pattern = (QLatin1Char('%') + terms.at(i) + QLatin1Char('%')).toUtf8();
+        const QByteArray pattern = (QLatin1Char('%') + literal_like(terms.at(i)) + QLatin1Char('%')).toUtf8();
         sqlite3_bind_text(stmt, i + 1, pattern.constData(), -1, SQLITE_TRANSIENT);
         sqlite3_bind_text(stmt, static_cast<int>(terms.size()) + i + 1, pattern.constData(), -1,
                           SQLITE_TRANSIENT);

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # vendrix-cli buscar on a small demo shop: the capped grid with its marker
-# row, the uncapped second press, and a refused text.
+# row, the uncapped second press, texts with brackets, "%" and "_", and a
+# refused text.
 set -euo pipefail
 cli="$1"
 work="$(mktemp -d)"
@@ -22,6 +23,16 @@ all="$("$cli" buscar "tornillo" --todos --carpeta "$work")" || fail "buscar --to
 [ "$(wc -l <<<"$all")" -gt 10 ] || fail "--todos dio $(wc -l <<<"$all") filas"
 grep -q "VENDRIX" <<<"$all" && fail "--todos muestra la marca"
 [ "$(head -n10 <<<"$all")" == "$(head -n10 <<<"$out")" ] || fail "las primeras filas difieren"
+
+# Every character of a term stands for itself: brackets, "%" and "_" too.
+for text in "[X] DE" "50%" "A_B"; do
+  term="${text%% *}"
+  out="$("$cli" buscar "$text" --carpeta "$work")" || fail "buscar $text: código $?"
+  rows="$(grep -v VENDRIX <<<"$out" || true)"
+  [ -n "$rows" ] || fail "$text no encontró nada"
+  other="$(grep -viF -- "$term" <<<"$rows" || true)"
+  [ -z "$other" ] || fail "$text: filas sin $term: $other"
+done
 
 set +e
 out="$("$cli" buscar "" --carpeta "$work")"

@@ -1,7 +1,7 @@
 #include "catalogue/search/catalogue_query.h"
 
 #include "catalogue/pricelist/price_file_connection.h"
-#include "catalogue/search/like_pattern.h"
+#include "catalogue/search/search_index.h"
 #include "catalogue/search/text_source.h"
 #include "core/sqlite_values.h"
 
@@ -27,63 +27,55 @@ QString frase(QString run)
     return QLatin1Char('"') + run + QLatin1Char('"');
 }
 
-// What the index must hold for a pattern to match: its long runs as
-// phrases, else its pairs as the trigrams that start with them. Nothing
-// when the index can't narrow it.
-std::optional<QString> acotar(const LikePattern &pattern, const TrigramsOf &trigramas)
+// What the index must hold for the text of a term to be there: the text as
+// a phrase when it is long enough, else a pair as one of the trigrams that
+// start with it (the indexed text ends with a blank, so each pair in it
+// starts a trigram). Nothing when the index can't narrow it: one character,
+// or a pair with too many trigrams.
+std::optional<QString> acotar(const QString &text, const TrigramsOf &trigramas)
 {
-    QStringList phrases;
-    for (const QString &run : pattern.tramos()) {
-        if (caracteres(run) >= kMinimoIndice)
-            phrases << frase(run);
-    }
-    if (phrases.isEmpty() && trigramas) {
-        for (const QString &run : pattern.tramos()) {
-            const std::optional<QStringList> trigrams =
-                caracteres(run) == kMinimoIndice - 1 ? trigramas(run) : std::nullopt;
-            if (!trigrams)
-                continue;
-            QStringList any;
-            for (const QString &t : *trigrams)
-                any << frase(t);
-            // A pair the index doesn't hold: nothing matches (a phrase without itself).
-            const QString never = frase(run + run);
-            phrases << QLatin1Char('(') +
-                           (any.isEmpty() ? never + QStringLiteral(" NOT ") + never
-                                          : any.join(QLatin1String(" OR "))) +
-                           QLatin1Char(')');
-        }
-    }
-    if (phrases.isEmpty())
+    const QString folded = plegar_texto(text);
+    const qsizetype length = caracteres(folded);
+    if (length >= kMinimoIndice)
+        return frase(folded);
+    const std::optional<QStringList> trigrams =
+        length == kMinimoIndice - 1 && trigramas ? trigramas(folded) : std::nullopt;
+    if (!trigrams)
         return std::nullopt;
-    return QLatin1Char('(') + phrases.join(QLatin1String(" AND ")) + QLatin1Char(')');
+    QStringList any;
+    for (const QString &t : *trigrams)
+        any << frase(t);
+    // A pair the index doesn't hold: nothing matches (a phrase without itself).
+    const QString never = frase(folded + folded);
+    return QLatin1Char('(') +
+           (any.isEmpty() ? never + QStringLiteral(" NOT ") + never : any.join(QLatin1String(" OR "))) +
+           QLatin1Char(')');
 }
 
-// The condition, compiled: every term must match, a term matches when any
-// of its patterns does.
+// The condition, folded: every term must match, a term matches when the
+// text holds any of its texts.
 class TermFilter {
 public:
     explicit TermFilter(const SearchCondition &condition)
     {
         for (const QStringList &term : condition.terminos) {
-            std::vector<LikePattern> patterns;
-            for (const QString &pattern : term)
-                patterns.push_back(LikePattern::contiene(pattern));
-            terminos_.push_back(std::move(patterns));
+            QStringList texts;
+            for (const QString &text : term)
+                texts << plegar_texto(text);
+            terminos_.push_back(std::move(texts));
         }
     }
 
     bool cumple(QStringView haystack) const
     {
-        return std::all_of(
-            terminos_.begin(), terminos_.end(), [haystack](const std::vector<LikePattern> &term) {
-                return std::any_of(term.begin(), term.end(),
-                                   [haystack](const LikePattern &p) { return p.coincide(haystack); });
-            });
+        return std::all_of(terminos_.begin(), terminos_.end(), [haystack](const QStringList &term) {
+            return std::any_of(term.begin(), term.end(),
+                               [haystack](const QString &text) { return haystack.contains(text); });
+        });
     }
 
 private:
-    std::vector<std::vector<LikePattern>> terminos_;
+    std::vector<QStringList> terminos_;
 };
 
 // "Pesos" for 1 and 101, "Dolares" for 2 and 102, else the code itself.
@@ -103,7 +95,7 @@ public:
           limite_(static_cast<size_t>(std::max(1, consulta.limite)))
     {
         if (consulta.comentario)
-            rama_comentario_.emplace(LikePattern::contiene(*consulta.comentario));
+            rama_comentario_ = plegar_texto(*consulta.comentario);
     }
 
     QueryResult ejecutar()
@@ -121,7 +113,7 @@ private:
     {
         const QString comment = consulta_.condicion.con_comentario ? marcas_.comentario(id) : QString();
         const bool meets = comment.isEmpty() ? filtro_.cumple(text) : filtro_.cumple(text + comment);
-        return meets || (rama_comentario_ && marcas_.algun_comentario_coincide(id, *rama_comentario_));
+        return meets || (rama_comentario_ && marcas_.algun_comentario_contiene(id, *rama_comentario_));
     }
 
     // The IDs of the result in its order, one more than the grid shows when
@@ -183,22 +175,22 @@ private:
         if (!consulta_.solo_favoritos && !marcas_.leer_pedidos(db_))
             return false;
         PriceFileStatement row(db_, "SELECT Proveedor, Grupo, Descripcion, Moneda, Marca, Precio, Codigo, "
-                                 "Proveedor IS NULL, Codigo IS NULL, Descripcion IS NULL, Grupo IS NULL "
-                                 "FROM xls_listas WHERE ID = ?");
+                                    "Proveedor IS NULL, Codigo IS NULL, Descripcion IS NULL, Grupo IS NULL "
+                                    "FROM xls_listas WHERE ID = ?");
         r.articulos.reserve(ids_.size());
         for (qint64 id : ids_) {
             row.entero(1, id);
             if (!row.fila())
                 break;
             FoundArticle a{id,
-                                 row.columna(0),
-                                 row.columna(1),
-                                 row.columna(2),
-                                 texto_moneda(row.columna(3)),
-                                 row.columna(4),
-                                 row.columna(5),
-                                 row.columna(6),
-                                 {}};
+                           row.columna(0),
+                           row.columna(1),
+                           row.columna(2),
+                           texto_moneda(row.columna(3)),
+                           row.columna(4),
+                           row.columna(5),
+                           row.columna(6),
+                           {}};
             if (consulta_.solo_favoritos) {
                 a.marcas.favorito = true;
             } else {
@@ -215,7 +207,7 @@ private:
     sqlite3 *db_;
     const SearchQuery &consulta_;
     TermFilter filtro_;
-    std::optional<LikePattern> rama_comentario_;
+    std::optional<QString> rama_comentario_; // folded
     ShopMarks marcas_;
     TextSource fuente_;
     size_t limite_;
@@ -249,9 +241,9 @@ QString expresion_indice(const SearchCondition &condicion, const TrigramsOf &tri
     QStringList terms;
     for (const QStringList &term : condicion.terminos) {
         QStringList options;
-        for (const QString &pattern : term) {
-            const std::optional<QString> narrowed = acotar(LikePattern::contiene(pattern), trigramas);
-            // One pattern the index can't narrow leaves the whole term open.
+        for (const QString &text : term) {
+            const std::optional<QString> narrowed = acotar(text, trigramas);
+            // One text the index can't narrow leaves the whole term open.
             if (!narrowed) {
                 options.clear();
                 break;

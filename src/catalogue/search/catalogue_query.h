@@ -13,16 +13,15 @@
 // An article matches when it meets the condition (see `SearchCondition`)
 // or, in the comment branch, when one of its comments holds the text.
 //
-// The index `xls_busqueda` serves the condition: each term's runs of three
-// or more plain characters are asked of it as phrases; a term with none
-// asks for its runs of two characters as the trigrams of the index that
-// start with them (the text ends with a blank, so each pair in it starts a
-// trigram); a run of one character can't narrow anything. Every article the
-// index gives is tested with `LikePattern` on its folded text, which decides. Articles with a comment
-// are tested as well when the comment takes part, since the index doesn't
-// hold comments. A condition with no run long enough, or a file without the
-// index, is served by reading the list in order of ID, which stops as soon
-// as the rows to show are found.
+// The index `xls_busqueda` serves the condition: each text of three or more
+// characters is asked of it as a phrase; a text of two asks for the
+// trigrams of the index that start with it; one character can't narrow
+// anything. Every article the index gives is tested on its folded text,
+// which decides. Articles with a comment are tested as well when the
+// comment takes part, since the index doesn't hold comments. A condition
+// with no text long enough, or a file without the index, is served by
+// reading the list in order of ID, which stops as soon as the rows to show
+// are found.
 
 #include "catalogue/search/search_terms.h"
 #include "catalogue/search/shop_marks.h"
@@ -43,7 +42,7 @@ inline constexpr int kLimiteTodos = 100001;
 struct SearchQuery {
     SearchCondition condicion;
     // The comment branch: also the articles one of whose comments holds this
-    // pattern anywhere (the whole search text, not its terms).
+    // text anywhere (the whole search text, not its terms).
     std::optional<QString> comentario;
     bool solo_favoritos = false;
     int limite = kLimiteTodos;
@@ -60,9 +59,9 @@ struct FoundArticle {
 
 struct QueryResult {
     std::vector<FoundArticle> articulos; // at most `limite` - 1
-    bool hay_mas = false;                      // more articles match: the marker row follows
-    bool ok = true;                            // false on a database failure
-    QString error;                             // then: "number description errno"
+    bool hay_mas = false;                // more articles match: the marker row follows
+    bool ok = true;                      // false on a database failure
+    QString error;                       // then: "number description errno"
 };
 
 // Runs the search on the price connection (with the shop tables attached

@@ -96,7 +96,7 @@ SearchQuery consulta_de_texto(const SearchOptions &opciones, const QString &text
     c.condicion = opciones.ortografia ? filtro_ortografia(texto_trabajo, opciones.en_comentarios)
                                       : filtro_terminos(texto_trabajo);
     if (opciones.en_comentarios)
-        c.comentario = patron_de_literal(texto_trabajo);
+        c.comentario = texto_literal(texto_trabajo);
     c.solo_favoritos = opciones.solo_favoritos;
     c.limite = limite;
     return c;
@@ -133,8 +133,8 @@ bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &bo
     QElapsedTimer clock;
     clock.start();
     sqlite3 *db = ctx.db().conexion(price);
-    const QueryResult r = db ? ejecutar_consulta(db, consulta)
-                                   : QueryResult{{}, false, false, ctx.db().error_apertura(price)};
+    const QueryResult r =
+        db ? ejecutar_consulta(db, consulta) : QueryResult{{}, false, false, ctx.db().error_apertura(price)};
     if (high)
         ctx.escribir_log(QStringLiteral("Tiempo de ejecución de la query: ") +
                              QString::number(clock.elapsed() / 1000),
@@ -170,7 +170,7 @@ bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &bo
 }
 
 SearchResult buscar_articulos(Context &ctx, const QString &texto, QString &boton, GridSink &grilla,
-                                   const ListActions &acciones)
+                              const ListActions &acciones)
 {
     if (texto.isEmpty()) {
         ctx.op().inform(kTitulo, QStringLiteral("Por favor ingrese al menos un término en la búsqueda."));

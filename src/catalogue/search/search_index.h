@@ -23,8 +23,8 @@ QString plegar_texto(const QString &text);
 // The searchable text of an article: Proveedor, Grupo, Observaciones,
 // Descripcion, Marca and Codigo, each followed by one blank (an empty field
 // is an empty text), folded. A term never holds a blank, so it matches
-// inside one field, except through a `_`, which also matches the blank
-// between two fields or the last one.
+// inside one field; the last blank lets every pair of characters of the text
+// start a trigram.
 QString texto_busqueda(const QString &proveedor, const QString &grupo, const QString &observaciones,
                        const QString &descripcion, const QString &marca, const QString &codigo);
 

@@ -2,6 +2,7 @@
 
 #include "catalogue/search/search_index.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -34,17 +35,17 @@ std::vector<QStringList> terminos_con(const QString &text, QStringList (*patrone
 
 QStringList solo_el_termino(const QString &term)
 {
-    return {patron_de_literal(term)};
+    return {texto_literal(term)};
 }
 
 // The term as typed, then what the work list added to it.
 QStringList termino_y_variantes(const QString &term)
 {
-    QStringList patterns{patron_de_literal(term)};
+    QStringList texts{texto_literal(term)};
     const QStringList variants = variantes_ortografia(term);
     for (qsizetype i = 1; i < variants.size(); ++i)
-        patterns << patron_de_literal(variants.at(i));
-    return patterns;
+        texts << texto_literal(variants.at(i));
+    return texts;
 }
 
 } // namespace
@@ -110,11 +111,28 @@ QStringList variantes_ortografia(const QString &term)
     return list;
 }
 
-QString patron_de_literal(const QString &literal)
+QString texto_literal(const QString &trabajo)
 {
-    QString value = literal;
-    value.replace(QLatin1String("''"), QLatin1String("'"));
-    return value;
+    static const std::array<std::pair<QLatin1String, QChar>, 4> kEscapes{{
+        {QLatin1String("''"), QLatin1Char('\'')},
+        {QLatin1String("[[[]]"), QLatin1Char('[')},
+        {QLatin1String("[]]"), QLatin1Char(']')},
+        {QLatin1String("[%]"), QLatin1Char('%')},
+    }};
+    QString text;
+    text.reserve(trabajo.size());
+    for (qsizetype i = 0; i < trabajo.size(); ++i) {
+        const QStringView rest = QStringView(trabajo).mid(i);
+        const auto escape = std::find_if(kEscapes.begin(), kEscapes.end(),
+                                         [rest](const auto &e) { return rest.startsWith(e.first); });
+        if (escape == kEscapes.end()) {
+            text += trabajo.at(i);
+        } else {
+            text += escape->second;
+            i += escape->first.size() - 1;
+        }
+    }
+    return text;
 }
 
 SearchCondition filtro_terminos(const QString &text)

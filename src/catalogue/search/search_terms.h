@@ -4,18 +4,18 @@
 // every article is tested against.
 //
 // The text goes through the steps the search always took, in this order:
-// `preparar_texto_busqueda` (the escape of a LIKE pattern), then, as the
-// options say, `quitar_preposiciones` and `terminos_similares`, then
-// `filtro_terminos` or `filtro_ortografia`, which split it into terms. The
-// text keeps the form of an SQL string literal all along (a quote is
-// doubled): the option steps count characters of that form, so "''ES" is a
-// four-letter word that loses its "ES". `patron_de_literal` gives the value
-// the literal stands for, which is the LIKE pattern.
+// `preparar_texto_busqueda`, then, as the options say, `quitar_preposiciones`
+// and `terminos_similares`, then `filtro_terminos` or `filtro_ortografia`,
+// which split it into terms. This working text keeps the escaped form all
+// along (a quote doubled, "%" written "[%]"...): the option steps count
+// characters of that form, so "''ES" is a four-letter word that loses its
+// "ES", and the log shows it. `texto_literal` then turns each term back into
+// the characters typed.
 //
-// A pattern is matched the way the earlier database engine matched LIKE
-// patterns: `%` is any run of characters, `_` any one character, `[...]` one
-// character of the group ("[%]" a percent sign, "[[]" an opening bracket),
-// `[]` nothing at all; see `LikePattern`.
+// Every character of a term stands for itself: there is no wildcard, so
+// "[X]", "50%", "A_B" and "*" find the texts that hold them. An article
+// matches a term when its folded text holds the folded term (see
+// `plegar_texto`: case is ignored, Ñ/ñ and Á/á included, but Á is not A).
 
 #include <QString>
 #include <QStringList>
@@ -24,10 +24,11 @@
 
 namespace vendrix {
 
-// Escapes the text for a LIKE pattern, in this order: `'` to `''`, `[` to
-// `[[]`, `]` to `[]]`, `%` to `[%]`. `_` is not escaped: it stays the
-// wildcard of one character. The order matters: the `]` of "[[]" is escaped
-// again, so "[" becomes "[[[]]", a pattern that matches "[]".
+// Escapes the text, in this order: `'` to `''`, `[` to `[[]`, `]` to `[]]`,
+// `%` to `[%]`. The `]` of "[[]" is escaped in its turn, so "[" becomes
+// "[[[]]". Every `[` of the result starts one of the three escapes, which is
+// what lets `texto_literal` undo them after the option steps, whose
+// replacements never touch a `[`, a `]` or a `%`.
 QString preparar_texto_busqueda(const QString &text);
 
 // Upper case, then each " DE ", " PARA ", " CON ", " / ", " \ " becomes one
@@ -48,23 +49,25 @@ QString terminos_similares(const QString &text);
 // "CABALLO" also gives "CAVAYO".
 QStringList variantes_ortografia(const QString &term);
 
-// The value an SQL string literal stands for: each `''` is one `'`.
-QString patron_de_literal(const QString &literal);
+// The characters a piece of the working text stands for: it undoes
+// `preparar_texto_busqueda` ("''" is "'", "[[[]]" "[", "[]]" "]", "[%]" "%").
+// Anything else, a lone "[" or "'" too, stays as it is.
+QString texto_literal(const QString &trabajo);
 
 // What an article must hold to be found. Every term must match; a term
-// matches when any of its patterns does. A pattern is tested as
-// `haystack LIKE '%pattern%'`, where the haystack is supplier, group,
-// observations, description, brand and code, each followed by one blank
-// (an empty field gives an empty text), and then the user's comment on the
-// article when `con_comentario` is set.
+// matches when the article's text holds any of its texts. That text is
+// supplier, group, observations, description, brand and code, each followed
+// by one blank (an empty field gives an empty text), and then the user's
+// comment on the article when `con_comentario` is set. A term holds no
+// blank, so it matches inside one field.
 struct SearchCondition {
-    std::vector<QStringList> terminos; // patterns (literal values), per term
+    std::vector<QStringList> terminos; // the texts to look for, per term, as typed
     bool con_comentario = false;
 
     bool operator==(const SearchCondition &) const = default;
 };
 
-// Every non-empty term of the text, split at blanks, one pattern each.
+// Every non-empty term of the text, split at blanks, one text each.
 SearchCondition filtro_terminos(const QString &text);
 // Every non-empty term with its spelling variants: the term as typed, then
 // the items the work list added. With `con_comentario` the haystack also

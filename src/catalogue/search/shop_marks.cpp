@@ -1,7 +1,6 @@
 #include "catalogue/search/shop_marks.h"
 
 #include "catalogue/pricelist/price_file_connection.h"
-#include "catalogue/search/like_pattern.h"
 #include "catalogue/search/search_index.h"
 
 #include <QSet>
@@ -58,9 +57,9 @@ QStringList variantes_de_caso(const QString &text, int tope)
 
 bool ShopMarks::leer(sqlite3 *db)
 {
-    PriceFileStatement rows(db,
-                         "SELECT Tipo, Proveedor, Codigo, Descripcion, Proveedor IS NULL OR Codigo IS NULL "
-                         "FROM clientes.vendrix_articulos_testigo ORDER BY ID");
+    PriceFileStatement rows(
+        db, "SELECT Tipo, Proveedor, Codigo, Descripcion, Proveedor IS NULL OR Codigo IS NULL "
+            "FROM clientes.vendrix_articulos_testigo ORDER BY ID");
     QHash<QString, Key> favourite_keys, comment_keys;
     while (rows.fila()) {
         if (rows.columna_entero(4) != 0)
@@ -70,7 +69,7 @@ bool ShopMarks::leer(sqlite3 *db)
         const QString key = clave_marca(clave.proveedor, clave.codigo);
         if (kind == QLatin1String("U")) {
             comment_keys.insert(key, clave);
-            // A NULL comment is an empty text in the haystack and matches no pattern.
+            // A NULL comment is an empty text in the haystack and holds no text.
             comentarios_[key].push_back(rows.es_nulo(3) ? std::nullopt
                                                         : std::optional(plegar_texto(rows.columna(3))));
         } else if (clave.codigo.isEmpty()) {
@@ -107,12 +106,12 @@ bool ShopMarks::leer(sqlite3 *db)
 // is asked for. The rare key with too many spellings is found by one pass
 // over the list.
 bool ShopMarks::resolver(sqlite3 *db, const QHash<QString, Key> &keys,
-                            QHash<QString, std::vector<qint64>> &found)
+                         QHash<QString, std::vector<qint64>> &found)
 {
     if (keys.isEmpty())
         return true;
-    PriceFileStatement lookup(db,
-                           "SELECT ID, Proveedor, Codigo FROM xls_listas WHERE Proveedor = ? AND Codigo = ?");
+    PriceFileStatement lookup(
+        db, "SELECT ID, Proveedor, Codigo FROM xls_listas WHERE Proveedor = ? AND Codigo = ?");
     QSet<QString> by_scan;
     for (auto it = keys.cbegin(); it != keys.cend(); ++it) {
         const QStringList suppliers = variantes_de_caso(it->proveedor, kTopeVariantes);
@@ -138,7 +137,7 @@ bool ShopMarks::resolver(sqlite3 *db, const QHash<QString, Key> &keys,
     if (by_scan.isEmpty())
         return true;
     PriceFileStatement all(db, "SELECT ID, Proveedor, Codigo FROM xls_listas "
-                            "WHERE Proveedor IS NOT NULL AND Codigo IS NOT NULL");
+                               "WHERE Proveedor IS NOT NULL AND Codigo IS NOT NULL");
     while (all.fila()) {
         const QString key = clave_marca(all.columna(1), all.columna(2));
         if (by_scan.contains(key))
@@ -173,14 +172,14 @@ QString ShopMarks::comentario(qint64 id) const
     return comentarios_.value(*key).front().value_or(QString());
 }
 
-bool ShopMarks::algun_comentario_coincide(qint64 id, const LikePattern &pattern) const
+bool ShopMarks::algun_comentario_contiene(qint64 id, const QString &plegado) const
 {
     const auto key = clave_comentada_.constFind(id);
     if (key == clave_comentada_.cend())
         return false;
     const auto texts = comentarios_.constFind(*key);
-    return std::any_of(texts->begin(), texts->end(), [&pattern](const std::optional<QString> &text) {
-        return text && pattern.coincide(*text);
+    return std::any_of(texts->begin(), texts->end(), [&plegado](const std::optional<QString> &text) {
+        return text && text->contains(plegado);
     });
 }
 

@@ -23,8 +23,6 @@ struct sqlite3;
 
 namespace vendrix {
 
-class LikePattern;
-
 // What a grid row shows besides its cells. Counts are those of the marks or
 // orders that belong to the article.
 struct RowMarks {
@@ -55,8 +53,8 @@ public:
     // more than one comment row (the comment editor keeps one) the first one
     // counts.
     QString comentario(qint64 id) const;
-    // True when one of the article's comment rows matches the pattern.
-    bool algun_comentario_coincide(qint64 id, const LikePattern &pattern) const;
+    // True when one of the article's comment rows holds the text, folded.
+    bool algun_comentario_contiene(qint64 id, const QString &plegado) const;
 
     // The marks of an article; `nulos` tells which of supplier and code are
     // NULL, description and group likewise for the orders.

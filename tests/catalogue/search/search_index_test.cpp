@@ -43,23 +43,6 @@ protected:
     std::unique_ptr<PriceFileConnection> db_;
 };
 
-TEST_F(IndiceBusquedaTest, AddsTheIndexAndTheFormatVersionToAFileThatLacksThem)
-{
-    ASSERT_TRUE(db_->ejecutar("DROP TABLE xls_busqueda; PRAGMA user_version = 0;"
-                              "DELETE FROM xls_parametros WHERE CLAVE = 'FORMATO'"));
-    ASSERT_TRUE(asegurar_indice_busqueda(db_->db()));
-    db_->cerrar();
-    EXPECT_EQ(filas(path_, "SELECT rowid, texto FROM xls_busqueda ORDER BY rowid"), kTextos);
-    EXPECT_EQ(valor(path_, "PRAGMA user_version"), QStringLiteral("2"));
-    EXPECT_EQ(valor(path_, "SELECT VALOR FROM xls_parametros WHERE CLAVE = 'FORMATO'"), QStringLiteral("2"));
-    // Terms folded the same way find their articles through the index.
-    EXPECT_EQ(
-        filas(path_, "SELECT rowid FROM xls_busqueda WHERE xls_busqueda MATCH '\"TUBERÍA\" AND \"COBRE\"'"),
-        QStringList{QStringLiteral("1")});
-    EXPECT_EQ(filas(path_, "SELECT rowid FROM xls_busqueda WHERE xls_busqueda MATCH '\"00%\"'"),
-              QStringList{QStringLiteral("2")});
-}
-
 TEST_F(IndiceBusquedaTest, FollowsArticlesAddedAndRemovedAfterTheBuild)
 {
     ASSERT_TRUE(
@@ -77,37 +60,22 @@ TEST_F(IndiceBusquedaTest, FollowsArticlesAddedAndRemovedAfterTheBuild)
 
 TEST_F(IndiceBusquedaTest, RemakesTheIndexOfAnOlderFormat)
 {
-    // A file of format 1: accents folded away, no blank at the end, no lookup index.
+    // A file of format 1: accents folded away, no blank at the end, no lookup
+    // index, no format key.
     ASSERT_TRUE(
         db_->ejecutar("DELETE FROM xls_busqueda; DROP INDEX xls_listas_proveedor_codigo;"
                       "INSERT INTO xls_busqueda (rowid, texto) VALUES (1, 'ÑANDU GRUPO  TUBERIA DE COBRE'),"
                       " (2, 'ÑANDU GRUPO OFERTA LLAVE 100% MARCA A2'), (3, 'ÑANDU GRUPO  PINGÜINO MARCA A3');"
-                      "PRAGMA user_version = 1"));
+                      "PRAGMA user_version = 1; DELETE FROM xls_parametros WHERE CLAVE = 'FORMATO'"));
     EXPECT_FALSE(indice_busqueda_al_dia(db_->db()));
     ASSERT_TRUE(asegurar_indice_busqueda(db_->db()));
     EXPECT_TRUE(indice_busqueda_al_dia(db_->db()));
     db_->cerrar();
     EXPECT_EQ(filas(path_, "SELECT rowid, texto FROM xls_busqueda ORDER BY rowid"), kTextos);
     EXPECT_EQ(valor(path_, "PRAGMA user_version"), QStringLiteral("2"));
+    EXPECT_EQ(valor(path_, "SELECT VALOR FROM xls_parametros WHERE CLAVE = 'FORMATO'"), QStringLiteral("2"));
     EXPECT_EQ(valor(path_, "SELECT count(*) FROM sqlite_master WHERE name = 'xls_listas_proveedor_codigo'"),
               QStringLiteral("1"));
-}
-
-TEST(PlegarTexto, UpperCasesLetterByLetterAndKeepsAccents)
-{
-    const std::pair<const char *, const char *> casos[] = {
-        {"caño", "CAÑO"},
-        {"Tubería", "TUBERÍA"},
-        {"ÁÉÍÓÚ áéíóú àü", "ÁÉÍÓÚ ÁÉÍÓÚ ÀÜ"},
-        {"O'Higgins 1/2\" 100% [x]_", "O'HIGGINS 1/2\" 100% [X]_"},
-        {"straße", "STRAßE"}, // one letter stays one letter
-        {"", ""},
-    };
-    for (const auto &[text, folded] : casos)
-        EXPECT_EQ(plegar_texto(QString::fromUtf8(text)), QString::fromUtf8(folded)) << text;
-    EXPECT_EQ(texto_busqueda(QStringLiteral("Agro Ñuñoa"), {}, {}, QStringLiteral("Pala ancha"), {},
-                             QStringLiteral("p-1")),
-              QStringLiteral("AGRO ÑUÑOA   PALA ANCHA  P-1 "));
 }
 
 TEST_F(IndiceBusquedaTest, ChangesNothingWhenItFails)

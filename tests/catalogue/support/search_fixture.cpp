@@ -8,31 +8,15 @@
 
 namespace vendrix::test {
 
-QStringList GrillaRecogida::celdas() const
-{
-    QStringList rows;
-    for (const ListGridRow &f : filas)
-        rows << f.celdas.join(QLatin1Char('|'));
-    return rows;
-}
-
-QStringList GrillaRecogida::ids() const
-{
-    QStringList out;
-    for (const ListGridRow &f : filas)
-        out << f.celdas.value(0);
-    return out;
-}
-
 CarpetaBusqueda::CarpetaBusqueda(const std::vector<SupplierList> &listas)
 {
     const BuildResult built = construir_lista({app.ruta(QLatin1String(Database::kPriceFile)),
-                                                         QStringLiteral("Demo"),
-                                                         QStringLiteral("1.0.0"),
-                                                         QStringLiteral("2026-11-23"),
-                                                         {},
-                                                         {}},
-                                                        listas);
+                                               QStringLiteral("Demo"),
+                                               QStringLiteral("1.0.0"),
+                                               QStringLiteral("2026-11-23"),
+                                               {},
+                                               {}},
+                                              listas);
     EXPECT_TRUE(built.ok()) << built.error.toStdString();
     app.copy_seed(QStringLiteral("clientes.install"), QLatin1String(Database::kShopFile));
     const ResultadoMigraciones migrated = ejecutar_migraciones(app.ctx());
@@ -59,11 +43,6 @@ void CarpetaBusqueda::en_precios(const QStringList &statements)
 {
     app.db().cerrar();
     ejecutar_en_archivo(app.ruta(QLatin1String(Database::kPriceFile)), statements);
-}
-
-void CarpetaBusqueda::opcion(const char *key, const QString &value)
-{
-    EXPECT_TRUE(app.ctx().escribir_parametro(QLatin1String(key), value));
 }
 
 } // namespace vendrix::test

@@ -4,6 +4,8 @@
 #include "catalogue/search/grid_rows.h"
 #include "support/test_context.h"
 
+#include <gtest/gtest.h>
+
 #include <QString>
 #include <QStringList>
 
@@ -22,10 +24,14 @@ public:
     void redibujar(bool on) override { redibujos.push_back(on); }
     void agregar(const ListGridRow &fila) override { filas.push_back(fila); }
 
-    // "cell|cell|..." per row.
-    QStringList celdas() const;
-    // The ID cell of each row.
-    QStringList ids() const;
+    // "cell|cell|..." per row, or only cell `columna` of each row.
+    QStringList celdas(int columna = -1) const
+    {
+        QStringList rows;
+        for (const ListGridRow &f : filas)
+            rows << (columna < 0 ? f.celdas.join(QLatin1Char('|')) : f.celdas.value(columna));
+        return rows;
+    }
 
     std::vector<ListGridRow> filas;
     int limpiezas = 0;
@@ -45,7 +51,10 @@ public:
     void pedir(const QString &descripcion, const QString &grupo, const QString &estado);
     // Statements straight on the price file (closing the program's connections first).
     void en_precios(const QStringList &statements);
-    void opcion(const char *key, const QString &value);
+    void opcion(const char *key, const char *value)
+    {
+        EXPECT_TRUE(app.ctx().escribir_parametro(QLatin1String(key), QString::fromUtf8(value)));
+    }
 
     TestApp app;
 };

@@ -23,8 +23,8 @@ inline constexpr const char *kDolarDemo = "1450";
 // before. The lists hold what real ones do: repeated and empty codes, lists
 // in dollars, reduced-rate articles (codes 101 and 102), zero prices (most
 // of them with a former price), names with "'", "Ñ", accents, "/" and "%",
-// and a few very long descriptions. Against the former lists, some articles
-// came in, some left, many changed price and a few their text.
+// descriptions with "[X]", "%" and "_", and a few very long descriptions. Against the former lists, some
+// articles came in, some left, many changed price and a few their text.
 //
 // The same seed and size give the same lists, article by article.
 struct DemoLists {

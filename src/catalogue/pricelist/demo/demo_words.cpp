@@ -269,7 +269,8 @@ const Words &variantes()
     static const Words kVariantes{
         "blanco",          "negro",         "gris",      "rojo",       "azul",
         "verde",           "x 10 u.",       "blíster",   "caja x 100", "pack x 3",
-        "línea económica", "línea premium", "importado", "nacional",   "modelo 2026"};
+        "línea económica", "línea premium", "importado", "nacional",   "modelo 2026",
+        "[X] de baja",     "bonif. 50%",    "serie A_B"};
     return kVariantes;
 }
 
