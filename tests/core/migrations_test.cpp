@@ -74,6 +74,11 @@ TEST_F(MigrationsTest, SeedReachesTodaysShapeAndTheSecondRunOnlyVerifies)
                            "ACT|Se creó la tabla de [vendrix_pedidos] .", "ACT|Tabla de pedidos creada.",
                            "ACT|Se creó agrego un campo a la tabla de [vendrix_descuentos] .",
                            "ACT|Campo de articulos agregado a la tabla Vendrix_Descuentos."}));
+    EXPECT_EQ(log1.mid(11, 3),
+              QStringList({"INF|Verifica de la existencia de la tabla de articulos viejos testigo.",
+                           "INF|Verifica de la existencia del campo descripcion en la tabla "
+                           "vendrix_articulos_testigo.",
+                           "ACT|Campo de 'descripcion' agregado a la tabla Vendrix_articulos_testigo."}));
     EXPECT_EQ(log1.at(20), "ACT|Archivo \"update.bat\" creado.");
     EXPECT_EQ(log1.at(43),
               "ACT|Se creó la tabla de [Vendrix_FormasDePago] y se insertaron 4 valores de formas de pago .");

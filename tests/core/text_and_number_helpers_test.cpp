@@ -14,7 +14,7 @@ namespace {
 
 using test::ScriptedOperator;
 
-TEST(ValorTexto, ReadsTheLeadingNumberAndIgnoresTheRest)
+TEST(NumbersInText, ValorTextoReadsTheLeadingNumberEsNumericoTheWholeText)
 {
     const Rows<const char *, double> casos = {{"20000;", 20000},  {"", 0},   {"abc", 0},  {"1,5", 1.5},
                                               {" -3.25 ", -3.25}, {"1e", 1}, {"1 2", 12}, {"1.2.3", 1.2},
@@ -22,10 +22,6 @@ TEST(ValorTexto, ReadsTheLeadingNumberAndIgnoresTheRest)
     for (const auto &[texto, valor] : casos)
         EXPECT_EQ(valor_texto(QString(texto)), valor) << texto;
     EXPECT_DOUBLE_EQ(valor_texto(u"0,000000000000000000000000000000000000000000000000012"), 1.2e-50);
-}
-
-TEST(EsNumerico, WholeTextMustBeANumber)
-{
     for (const char *yes : {" 12 ", "-1,5", "1.5", "1e5", ",5"})
         EXPECT_TRUE(es_numerico(QString(yes))) << yes;
     for (const char *no : {"", "12a", "1,2,3", "-", "+", "1e", "1 2"})
@@ -67,7 +63,7 @@ TEST(Formatear, MasksRoundHalfUpAndShowTheComma)
         EXPECT_EQ(formatear(valor, QString(mascara)), texto) << valor << " " << mascara;
 }
 
-TEST(NormalizarDecimal, CommasBecomePointsAndEmptyBecomesZero)
+TEST(DecimalMarks, CommasBecomePointsAndTheLastSignOrMarkDecidesASeparator)
 {
     EXPECT_EQ(normalizar_decimal(QString()), "0");
     EXPECT_EQ(normalizar_decimal("1,2+3,4"), "1.2+3.4");
@@ -138,10 +134,6 @@ TEST(FiltroTecla, KeysAdmittedByKind)
                                         {"real", "1,2", {}, {','}},
                                         {"real", "1,2+3", {','}, {}},
                                         {"integer", "12", {'5'}, {','}}});
-}
-
-TEST(TieneUnSeparador, TheLastSignOrMarkDecides)
-{
     for (const char *yes : {"", "12", "1,5+2", "3-", "1.5"})
         EXPECT_TRUE(tiene_un_separador(QString(yes))) << yes;
     for (const char *no : {"1,5", "1,5+2,3", "1,"})

@@ -65,18 +65,14 @@ TEST(StatusIndicators, TheRelayShowsAWindowWhatHappenedBeforeIt)
     EXPECT_FALSE(indicador_de("BUG_ON").has_value());
 }
 
-TEST(HolidayLogo, EasterByTheGregorianComputus)
+TEST(HolidayLogo, EasterByTheComputusAndAHolidayShowsLessThanAWeekAround)
 {
-    const Rows<int, QDate> casos = {
+    const Rows<int, QDate> pascuas = {
         {2025, {2025, 4, 20}}, {1818, {1818, 3, 22}}, {2038, {2038, 4, 25}}, {9999, {9999, 3, 28}}};
-    for (const auto &[year, pascua] : casos)
+    for (const auto &[year, pascua] : pascuas)
         EXPECT_EQ(calcular_pascua(year), pascua) << year;
     EXPECT_FALSE(calcular_pascua(999).has_value());
     EXPECT_FALSE(calcular_pascua(10000).has_value());
-}
-
-TEST(HolidayLogo, AHolidayShowsLessThanAWeekBeforeAndAfter)
-{
     // A week counting both days: the 3 September and 21 September holidays
     // sit on either side of 14 September without reaching it; 20 December of
     // the year before doesn't count on 1 January.
