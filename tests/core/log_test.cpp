@@ -105,17 +105,13 @@ TEST(LogReaderTest, RowsGetTheirViewerWordAndShowTheStoredComma)
               (std::vector<FilaLog>{{"f", "ACTION", "copia de [ERR] - algo."}}));
 }
 
-TEST(LogReaderTest, SizeCaptions)
+TEST(LogReaderTest, SizeCaptionsAndXmlSpaces)
 {
     const Rows<qint64, const char *> cases = {{1023, "1023 Bytes"}, {1024, "1,00 KB"},
                                               {1152, "1,13 KB"},    {1048576, "1,00 MB"},
                                               {5000000, "4,77 MB"}, {5368709120, "5,00 GB"}};
     for (const auto &[bytes, text] : cases)
         EXPECT_EQ(tamano_archivo_texto(bytes), text) << bytes;
-}
-
-TEST(LogReaderTest, XmlDetailIsMadeReadableInSixPasses)
-{
     // The layout of tags and of other rows is pinned by the log viewer's tests.
     EXPECT_EQ(detalle_log(fila("XML", "a" + QString(64, ' ') + "b")), "a b");
     EXPECT_EQ(detalle_log(fila("XML", "a" + QString(65, ' ') + "b")), "a  b");

