@@ -1,6 +1,7 @@
 // The add-article dialog's logic: what it shows at opening, the live unit
 // price and total, the refusals, merging with a line or adding a new one,
 // the units memory; adding with the panel's figures.
+#include "catalogue/pricing/price_panel.h"
 #include "sales/agregar_articulo.h"
 #include "sales/agregar_udem.h"
 #include "sales/carritos.h"
@@ -130,6 +131,14 @@ TEST_F(Agregar, WithoutTheDialogOneUnitAtThePanelFigures)
               "1|Tornillo 1/4|100|100|21|1|30|10+5|0|384,62|T1|Tornillos|Acme");
     EXPECT_EQ(unidades_guardadas(), QStringList{"Acme|T1|6"});
     EXPECT_EQ(log_de("ACT").size(), 1);
+    // The panel's figures go with the article read from the list.
+    PricePanel panel;
+    panel[PanelField::TextBox_Costo].text = "100";
+    panel[PanelField::Textbox_desusr].text = "2";
+    const auto a = leer_articulo_para_carrito(app.ctx(), 1, "Tornillos", panel);
+    EXPECT_EQ(a ? QStringList({a->codigo, a->descripcion, a->costo, a->descuento_cliente}).join('|') : "",
+              "T1|Tornillo 1/4|100|2");
+    EXPECT_FALSE(leer_articulo_para_carrito(app.ctx(), 99, {}, panel).has_value());
 }
 
 } // namespace

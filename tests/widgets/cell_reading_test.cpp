@@ -39,22 +39,24 @@ TEST(CellDate, ReadsDayMonthYearAndIsoWithOptionalTime)
     }
 }
 
+// Dropping letters from a number column and raising "ñ" are read in the editor's test;
+// backspace and 46 (the point) always pass.
 TEST(FilterKey, AppliesCaseFiltersAndAllowedLists)
 {
-    const QString numbers = QStringLiteral("1234567890.-,");
     const struct {
         QString filter;
         char key;
         int expected;
-    } cases[] = {
-        {numbers, '5', '5'}, {numbers, 'a', 0}, {numbers, ',', ','},
-        {numbers, ' ', 0},   {numbers, 8, 8},   {"1234567890", '.', '.'}, // 46 always passes
-        {"<", 'A', 'a'},     {"<", '1', '1'},   {">", 'b', 'B'},
-        {">", 'Z', 'Z'},     {"", 'x', 'x'},    {"1234567890./-", '/', '/'},
-    };
+    } cases[] = {{"1234567890.-,", ' ', 0},
+                 {"1234567890.-,", 8, 8},
+                 {"1234567890", '.', '.'},
+                 {"<", 'A', 'a'},
+                 {"<", '1', '1'},
+                 {">", 'Z', 'Z'},
+                 {"", 'x', 'x'},
+                 {"1234567890./-", '/', '/'}};
     for (const auto &c : cases)
         EXPECT_EQ(filter_key(c.filter, c.key), c.expected) << c.filter.toStdString() << " / " << int(c.key);
-    EXPECT_EQ(filter_key(QStringLiteral(">"), QChar(u'ñ').unicode()), QChar(u'Ñ').unicode());
 }
 
 // The column's pattern shows a stored date; anything else shows as stored.
