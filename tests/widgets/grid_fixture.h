@@ -4,6 +4,7 @@
 #include "widgets/lynx_grid.h"
 
 #include <QStringList>
+#include <QTableView>
 
 #include <initializer_list>
 #include <memory>
@@ -29,6 +30,15 @@ inline QStringList column_texts(const widgets::LynxGrid &grid, int col)
     for (int row = 0; row < grid.Rows(); ++row)
         texts << grid.CellText(row, col);
     return texts;
+}
+
+// The texts the view shows in one column, filtered and hidden rows left out.
+inline QString shown_texts(const widgets::LynxGrid &grid, int col)
+{
+    QStringList texts;
+    for (int row = 0; row < grid.view()->model()->rowCount(); ++row)
+        texts << grid.view()->model()->index(row, col).data().toString();
+    return texts.join('|');
 }
 
 } // namespace vendrix::test

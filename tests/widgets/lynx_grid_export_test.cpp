@@ -44,7 +44,7 @@ TEST_F(ExportFixture, WritesShownRowsAndColumnsQuotingCommasQuotesAndBreaks)
 {
     grid->AddItem("A-1\tTornillo 3/8, zincado\t10,50");
     grid->AddItem("B-2\tCaño 1\" \"reforzado\"\t7");
-    grid->AddItem("C-3\tVarios\nrenglones\t1");
+    grid->AddItem("C-3\tVarios\nrenglones\t1\r2");
     grid->AddItem("D-4\tOculto\t0");
     grid->setRowVisible(3, false);
     op.answer(false);
@@ -53,7 +53,7 @@ TEST_F(ExportFixture, WritesShownRowsAndColumnsQuotingCommasQuotesAndBreaks)
                                     "Código,Artículo,Precio\r\n"
                                     "A-1,\"Tornillo 3/8, zincado\",\"10,50\"\r\n"
                                     "B-2,\"Caño 1\"\" \"\"reforzado\"\"\",7\r\n"
-                                    "C-3,\"Varios\nrenglones\",1\r\n"));
+                                    "C-3,\"Varios\nrenglones\",\"1\r2\"\r\n"));
     EXPECT_EQ(op.lines(), QStringList({kQuestion}));
     EXPECT_TRUE(opened.isEmpty());
 }
@@ -76,21 +76,17 @@ TEST_F(ExportFixture, LeavesOutHiddenColumnsKeepsScreenOrderAndReplacesTheFile)
     EXPECT_EQ(opened, QStringList({csv()}));
 }
 
-TEST_F(ExportFixture, AnEmptyGridSaysSoAndWritesNothing)
+TEST_F(ExportFixture, AnEmptyGridOrAnUnwritableFolderWritesNothing)
 {
     EXPECT_FALSE(grid->ExportGrid("listas"));
-    EXPECT_EQ(op.lines(), QStringList({"inform|LynxGrid.Export|No grid rows to export."}));
     EXPECT_FALSE(QFile::exists(csv()));
-}
-
-TEST_F(ExportFixture, AFileThatCannotBeWrittenShowsTheErrorNumberAndDescription)
-{
     grid->AddItem("A-1\tTornillo\t10");
     grid->setDesktopFolder(QDir(desktop.path()).filePath("no-existe"));
     EXPECT_FALSE(grid->ExportGrid("listas"));
-    // The number, then the system's description.
-    ASSERT_EQ(op.shown.size(), 1u);
-    EXPECT_TRUE(op.lines()[0].startsWith("error|LynxGrid.Export|Error# 75\r\n"))
-        << op.lines()[0].toStdString();
-    EXPECT_GT(op.shown[0].text.size(), QString("Error# 75\r\n").size());
+    // The error's number, then the system's description.
+    ASSERT_EQ(op.shown.size(), 2u);
+    EXPECT_EQ(op.lines()[0], "inform|LynxGrid.Export|No grid rows to export.");
+    EXPECT_TRUE(op.lines()[1].startsWith("error|LynxGrid.Export|Error# 75\r\n"))
+        << op.lines()[1].toStdString();
+    EXPECT_GT(op.shown[1].text.size(), QString("Error# 75\r\n").size());
 }

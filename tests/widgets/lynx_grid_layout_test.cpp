@@ -27,33 +27,25 @@ std::vector<int> screen_order(const LynxGrid &grid)
 
 } // namespace
 
-TEST_F(LayoutFixture, ColumnOrderRoundTripsThroughTheStore)
+// Order under P<column>, widths in twips under W<column>, and the count.
+TEST_F(LayoutFixture, OrderAndWidthsRoundTripThroughTheStore)
 {
     auto saved = make_grid({"A", "B", "C", "D"});
     QHeaderView *header = saved->view()->horizontalHeader();
     header->moveSection(3, 0); // D A B C
     header->moveSection(2, 3); // D A C B
+    saved->setColWidth(0, 2000);
+    saved->setColWidth(2, 0);
     saved->ColOrderSave(store, "Listas");
-    EXPECT_EQ(store.value("Listas/Count").toInt(), 4);
-    EXPECT_EQ(store.value("Listas/P3").toInt(), 0);
+    saved->ColWidthsSave(store, "Listas");
+    EXPECT_EQ(QStringList({store.value("Listas/Count").toString(), store.value("Listas/P3").toString(),
+                           store.value("Listas/W0").toString(), store.value("Listas/W1").toString()}),
+              QStringList({"4", "0", "2000", "1000"}));
 
     auto loaded = make_grid({"A", "B", "C", "D"});
     loaded->ColOrderLoad(store, "Listas");
+    loaded->ColWidthsLoad(store, "Listas");
     EXPECT_EQ(screen_order(*loaded), std::vector<int>({3, 0, 2, 1}));
-}
-
-TEST_F(LayoutFixture, WidthsRoundTripInTwipsUnderW)
-{
-    auto saved = make_grid({"A", "B", "C"});
-    saved->setColWidth(0, 2000);
-    saved->setColWidth(2, 0);
-    saved->ColWidthsSave(store, "Carrito");
-    EXPECT_EQ(store.value("Carrito/W0").toInt(), 2000);
-    EXPECT_EQ(store.value("Carrito/W1").toInt(), 1000);
-    EXPECT_EQ(store.value("Carrito/Count").toInt(), 3);
-
-    auto loaded = make_grid({"A", "B", "C"});
-    loaded->ColWidthsLoad(store, "Carrito");
     EXPECT_EQ(QList<int>({loaded->ColWidth(0), loaded->ColWidth(1), loaded->ColWidth(2)}),
               QList<int>({2000, 1000, 0}));
     EXPECT_TRUE(loaded->view()->horizontalHeader()->isSectionHidden(2));

@@ -170,19 +170,8 @@ TEST_F(ListaBuilderTest, ABadLineStopsTheBuildAndLeavesTheFormerFileAsItWas)
     EXPECT_EQ(archivos(), (QStringList{"Bueno_2026-11-20.csv", "Malo_2026-11-20.csv", "Vendrix.vdrxdb"}));
 }
 
-TEST_F(ListaBuilderTest, AFailedWriteLeavesNoTemporaryFile)
-{
-    ASSERT_TRUE(QDir(dir_.path()).mkdir("ocupado.vdrxdb"));
-    const SupplierList list = lista("Alfa", "2026-11-01", {articulo("A1", "Tornillo", "10")});
-    EXPECT_EQ(construir_lista(opciones("ocupado.vdrxdb"), {list}).error,
-              "No se pudo escribir la base de precios 'ocupado.vdrxdb': no se pudo renombrar el archivo "
-              "temporal");
-    EXPECT_FALSE(QFile::exists(ruta_temporal_lista(ruta("ocupado.vdrxdb"))));
-    EXPECT_TRUE(construir_lista(opciones("no/existe/x.vdrxdb"), {list})
-                    .error.startsWith("No se pudo escribir la base de precios 'x.vdrxdb': "));
-}
-
-TEST_F(ListaBuilderTest, RefusesTwoListsOfOneSupplierAndUnusableFormerFiles)
+// Two lists of one supplier, no lists, unusable former files, a failed write.
+TEST_F(ListaBuilderTest, RefusalsAndFailedWritesLeaveNoFile)
 {
     const SupplierList a = lista("Ferretería Sur", "2026-11-01", {articulo("A1", "Tornillo", "10")});
     SupplierList b = a;
@@ -203,6 +192,14 @@ TEST_F(ListaBuilderTest, RefusesTwoListsOfOneSupplierAndUnusableFormerFiles)
     EXPECT_EQ(error, "La base de precios anterior 'futuro.vdrxdb' tiene un formato más nuevo (7) que el que "
                      "conoce este programa (2).");
     EXPECT_FALSE(QFile::exists(ruta("x.vdrxdb")));
+
+    ASSERT_TRUE(QDir(dir_.path()).mkdir("ocupado.vdrxdb"));
+    EXPECT_EQ(construir_lista(opciones("ocupado.vdrxdb"), {a}).error,
+              "No se pudo escribir la base de precios 'ocupado.vdrxdb': no se pudo renombrar el archivo "
+              "temporal");
+    EXPECT_FALSE(QFile::exists(ruta_temporal_lista(ruta("ocupado.vdrxdb"))));
+    EXPECT_TRUE(construir_lista(opciones("no/existe/x.vdrxdb"), {a})
+                    .error.startsWith("No se pudo escribir la base de precios 'x.vdrxdb': "));
 }
 
 } // namespace
