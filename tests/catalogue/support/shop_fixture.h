@@ -1,14 +1,9 @@
 #pragma once
 
-// A shop with a small price list and the shop database brought up to date,
-// for the rules grid and the article panel.
-//
-// Suppliers: "Acme", "D'Angelo" (a name with an apostrophe) and "Otro".
-//  1 Acme  Tornillos  T1   1000 pesos        5 Acme  Tuercas  R1  100 (code repeated)
-//  2 Acme  Tornillos  T2   1000 reduced rate 6 Acme  Tuercas  R1  120 (code repeated)
-//  3 Acme  Tornillos  T3     10 dollars      7 D'Angelo  Caños  C'1  0, with a former price
-//  4 Acme  Tuercas    ""    500 no code      8 D'Angelo  Caños  C2   0, no former price
-//  9 Otro  Varios     X1    500 pesos
+// A shop with a small price list and an up-to-date shop database. Articles:
+// 1-3 Acme Tornillos T1 (1000 pesos), T2 (1000, reduced rate), T3 (10 dollars);
+// 4-6 Acme Tuercas without code (500), R1 twice (100, 120); 7-8 D'Angelo Caños
+// C'1 and C2 at 0, only C'1 with a former price; 9 Otro Varios X1 (500 pesos).
 #include "catalogue/pricing/supplier_rules/rule_store.h"
 #include "core/migrations.h"
 #include "support/price_file.h"
@@ -27,19 +22,18 @@ inline QStringList articulos_tienda()
         QStringLiteral("INSERT INTO xls_proveedores (Proveedor, Ult_Actualizacion) VALUES "
                        "('Acme', '2026-11-02'), ('D''Angelo', '2026-11-02'), ('Otro', '2026-11-02')"),
         QStringLiteral(
-            "INSERT INTO xls_listas (ID, Proveedor, FechaLista, Grupo, Codigo, Descripcion, Marca, "
-            "UnidaddeMedida, Precio, Moneda, Observaciones) VALUES "
-            "(1, 'Acme', '2026-11-02', 'Tornillos', 'T1', 'Tornillo 1/4', 'Fix', 'Unidad', '1000', '1', ''), "
-            "(2, 'Acme', '2026-11-02', 'Tornillos', 'T2', 'Tornillo 3/8', 'Fix', 'Unidad', '1000', '101', "
-            "''), "
-            "(3, 'Acme', '2026-11-02', 'Tornillos', 'T3', 'Tornillo 1/2', 'Fix', 'Unidad', '10', '2', ''), "
-            "(4, 'Acme', '2026-11-02', 'Tuercas', '', 'Tuerca suelta', '', '', '500', '1', ''), "
-            "(5, 'Acme', '2026-11-02', 'Tuercas', 'R1', 'Tuerca A', '', '', '100', '1', ''), "
-            "(6, 'Acme', '2026-11-02', 'Tuercas', 'R1', 'Tuerca B', '', '', '120', '1', ''), "
-            "(7, 'D''Angelo', '2026-11-02', 'Caños', 'C''1', 'Caño 1/2'' cobre', 'Sur', 'Metro', '0', '1', "
-            "'por metro'), "
-            "(8, 'D''Angelo', '2026-11-02', 'Caños', 'C2', 'Caño 3/4', 'Sur', 'Metro', '0', '1', ''), "
-            "(9, 'Otro', '2026-11-02', 'Varios', 'X1', 'Varios', '', '', '500', '1', '')"),
+            "INSERT INTO xls_listas (ID, Proveedor, Grupo, Codigo, Descripcion, Marca, UnidaddeMedida, "
+            "Precio, Moneda, Observaciones) VALUES "
+            "(1, 'Acme', 'Tornillos', 'T1', 'Tornillo 1/4', 'Fix', 'Unidad', '1000', '1', ''), "
+            "(2, 'Acme', 'Tornillos', 'T2', 'Tornillo 3/8', 'Fix', 'Unidad', '1000', '101', ''), "
+            "(3, 'Acme', 'Tornillos', 'T3', 'Tornillo 1/2', 'Fix', 'Unidad', '10', '2', ''), "
+            "(4, 'Acme', 'Tuercas', '', 'Tuerca suelta', '', '', '500', '1', ''), "
+            "(5, 'Acme', 'Tuercas', 'R1', 'Tuerca A', '', '', '100', '1', ''), "
+            "(6, 'Acme', 'Tuercas', 'R1', 'Tuerca B', '', '', '120', '1', ''), "
+            "(7, 'D''Angelo', 'Caños', 'C''1', 'Caño 1/2'' cobre', 'Sur', 'Metro', '0', '1', 'por metro'), "
+            "(8, 'D''Angelo', 'Caños', 'C2', 'Caño 3/4', 'Sur', 'Metro', '0', '1', ''), "
+            "(9, 'Otro', 'Varios', 'X1', 'Varios', '', '', '500', '1', '')"),
+        QStringLiteral("UPDATE xls_listas SET FechaLista = '2026-11-02'"),
         QStringLiteral("INSERT INTO xls_listas_viejos (Proveedor, FechaLista, Grupo, Codigo, Descripcion, "
                        "Precio, Moneda) VALUES ('D''Angelo', '2026-10-01', 'Caños', 'C''1', "
                        "'Caño 1/2'' cobre', '2.5', '2')")};
@@ -54,18 +48,15 @@ protected:
         app.copy_seed(QStringLiteral("clientes.install"), QStringLiteral("clientes.vdrx"));
         ASSERT_TRUE(ejecutar_migraciones(app.ctx()).fallidas.isEmpty());
         crear_archivo_de_precios(app.ruta(QStringLiteral("Vendrix.vdrxdb")), articulos_tienda());
-        ajuste("iva", "21");
-        ajuste("Valor_Dolar", "100");
-        ajuste("decimales", "2");
-        ajuste("redondeo", "1");
-        ajuste("recargo_tarjeta", "10");
+        for (const QString &a :
+             QStringList{"iva=21", "Valor_Dolar=100", "decimales=2", "redondeo=1", "recargo_tarjeta=10"})
+            app.ctx().escribir_parametro(a.section(u'=', 0, 0), a.section(u'=', 1));
         app.op.clear();
         app.status.busy_changes.clear();
         logs_previos_ = app.log_messages().size();
     }
 
-    // The log messages written since the set-up, as the code wrote them
-    // (without the full stop that each log line ends with).
+    // The log lines written since the set-up, without their closing full stop.
     QStringList nuevos_logs() const
     {
         QStringList out = app.log_messages().mid(logs_previos_);
@@ -79,7 +70,6 @@ protected:
         app.ctx().escribir_parametro(QString::fromUtf8(clave), valor);
     }
 
-    // A rule row as the shop added it.
     void regla(const QString &proveedor, const QString &grupo, const QString &articulo,
                const QString &descuento, const QString &ganancia)
     {
@@ -89,8 +79,7 @@ protected:
                             QStringLiteral("cliente"), {proveedor, grupo, articulo, descuento, ganancia}));
     }
 
-    // The rows of `vendrix_descuentos` in the order they were written, as
-    // "Proveedor|Grupo|Articulo|Descuento|Ganancia|borrable".
+    // `vendrix_descuentos` in the order written, "Proveedor|Grupo|Articulo|Descuento|Ganancia|borrable".
     QStringList tabla_reglas()
     {
         QStringList out;
