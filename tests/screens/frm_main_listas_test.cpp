@@ -25,9 +25,6 @@ protected:
         ajuste("carritos", "1");
         ajuste("nombre_carrito_2", "Mostrador");
         // The panel prices with the shop's rules, read before any article.
-        test::ejecutar_en_archivo(
-            app.ruta(QStringLiteral("Vendrix.vdrxdb")),
-            {QStringLiteral("INSERT INTO xls_proveedores (Proveedor) VALUES ('Acme')")});
         regla("Acme", "0", "50");
         window = std::make_unique<FrmMain>(app.ctx());
         window->cargar();
