@@ -80,8 +80,10 @@ TEST_F(MigrationsTest, SeedReachesTodaysShapeAndTheSecondRunOnlyVerifies)
                            "vendrix_articulos_testigo.",
                            "ACT|Campo de 'descripcion' agregado a la tabla Vendrix_articulos_testigo."}));
     EXPECT_EQ(log1.at(20), "ACT|Archivo \"update.bat\" creado.");
-    EXPECT_EQ(log1.at(43),
-              "ACT|Se creó la tabla de [Vendrix_FormasDePago] y se insertaron 4 valores de formas de pago .");
+    EXPECT_EQ(log1.mid(43, 2),
+              QStringList({"ACT|Se creó la tabla de [Vendrix_FormasDePago] y se insertaron 4 valores de "
+                           "formas de pago .",
+                           "ACT|se agrego la tabla Vendrix_FormasDePago.."}));
     EXPECT_EQ(log1.at(50),
               "ACT|Se creó la tabla de [Vendrix_DestinosDePago] y se inserto 2 valores de destino de pago .");
     EXPECT_EQ(log1.mid(52), QStringList({"INF|Verifica de la existencia de la tabla Vendrix_Pagos.",
@@ -100,22 +102,6 @@ TEST_F(MigrationsTest, SeedReachesTodaysShapeAndTheSecondRunOnlyVerifies)
     EXPECT_EQ(log(), log1.filter("INF|"));
     EXPECT_TRUE(second.aplicadas.isEmpty());
     espera_esquema_de_hoy(app);
-}
-
-TEST_F(MigrationsTest, DroppedTablesComeBackWithTheirRows)
-{
-    ejecutar_migraciones(app.ctx());
-    ASSERT_TRUE(nq("INSERT INTO Vendrix_Pagos (TIPO) VALUES ('Pago')"));
-    ASSERT_TRUE(nq("DROP TABLE Vendrix_Pagos"));
-    ASSERT_TRUE(nq("DELETE FROM Vendrix_FormasDePago WHERE ID > 2"));
-    ASSERT_TRUE(nq("DROP TABLE vendrix_formasdepago"));
-    borrar_log();
-
-    const ResultadoMigraciones result = ejecutar_migraciones(app.ctx());
-    EXPECT_EQ(result.aplicadas,
-              QStringList({"se agrego la tabla Vendrix_FormasDePago.", "se agrego la tabla Vendrix_Pagos."}));
-    EXPECT_EQ(q1("SELECT count(*) FROM Vendrix_Pagos"), "0");
-    EXPECT_EQ(q1("SELECT count(*) FROM Vendrix_FormasDePago"), "7");
 }
 
 TEST_F(MigrationsTest, UpdateScriptTextAndAnExistingOneIsLeftAlone)

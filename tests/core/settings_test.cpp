@@ -113,12 +113,11 @@ TEST_F(SettingsTest, ValuesAreWrittenInWindows1252OnOneLine)
 
 TEST_F(SettingsTest, WriteWhereTheFileCannotBeMadeFails)
 {
-    const Settings nowhere(app.ruta("no_existe/Config.vdrx"));
-    EXPECT_FALSE(nowhere.escribir_parametro("iva", "21"));
-    EXPECT_FALSE(nowhere.reemplazar_texto("x"));
+    EXPECT_FALSE(Settings(app.ruta("no_existe/Config.vdrx")).escribir_parametro("iva", "21"));
     // A folder where Config.vdrx is itself a folder can't take the file either.
     ASSERT_TRUE(QDir(app.carpeta()).mkdir("Config.vdrx"));
     EXPECT_FALSE(config().escribir_parametro("iva", "21"));
+    EXPECT_FALSE(config().reemplazar_texto("x"));
     EXPECT_FALSE(config().crear_por_defecto("1.0.0"));
 }
 

@@ -1,24 +1,19 @@
 #pragma once
 
-// A shop for the cart tests: the shop database brought up to date, a small
-// price list, IVA at 0 so that a final price is the list price, and two
-// decimals with standard rounding.
-#include "core/migrations.h"
+// A shop for the cart tests: the shop fixture of the catalogue with its list
+// replaced by a small one of Acme's, IVA at 0 so that a final price is the
+// list price.
+#include "catalogue/support/shop_fixture.h"
 #include "sales/articulo_carrito.h"
 #include "sales/carrito.h"
-#include "support/price_file.h"
-#include "support/qt_print.h"
-#include "support/test_context.h"
 
 #include <QFile>
 
-#include <gtest/gtest.h>
-
 namespace vendrix::test {
 
-class Tienda : public ::testing::Test {
+class Tienda : public TiendaConLista {
 protected:
-    explicit Tienda(bool failing = false) : app(failing) {}
+    using TiendaConLista::TiendaConLista;
 
     // Articles of the list, as "ID, 'Proveedor', 'Grupo', 'Codigo', 'Descripcion', 'Precio', 'Moneda'".
     virtual QStringList articulos() const
@@ -29,34 +24,24 @@ protected:
 
     void SetUp() override
     {
-        app.copy_seed(QStringLiteral("clientes.install"), QStringLiteral("clientes.vdrx"));
-        ASSERT_TRUE(ejecutar_migraciones(app.ctx()).fallidas.isEmpty());
-        crear_archivo_de_precios(
-            app.ruta(QStringLiteral("Vendrix.vdrxdb")),
-            {"INSERT INTO xls_listas (ID, Proveedor, Grupo, Codigo, Descripcion, Precio, "
-             "Moneda) VALUES " +
-             articulos().join(QStringLiteral(", "))});
-        for (const QString &a :
-             QStringLiteral("iva=0|decimales=2|redondeo=1|Valor_Dolar=1000|IF_desc_art=Descripción")
-                 .split(QLatin1Char('|')))
-            app.ctx().escribir_parametro(a.section(QLatin1Char('='), 0, 0), a.section(QLatin1Char('='), 1));
+        TiendaConLista::SetUp();
+        ejecutar_en_archivo(app.ruta(QStringLiteral("Vendrix.vdrxdb")),
+                            {"DELETE FROM xls_listas", "DELETE FROM xls_listas_viejos",
+                             "DELETE FROM xls_proveedores WHERE Proveedor <> 'Acme'",
+                             "INSERT INTO xls_listas (ID, Proveedor, Grupo, Codigo, Descripcion, Precio, "
+                             "Moneda) VALUES " +
+                                 articulos().join(QStringLiteral(", "))});
+        ajuste("iva", "0");
+        ajuste("Valor_Dolar", "1000");
+        ajuste("IF_desc_art", "Descripción");
         // The tests read only what the operations log.
         QFile::remove(app.ruta(QStringLiteral("vendrix.log")));
-        app.op.clear();
-        app.status.busy_changes.clear();
-    }
-
-    void ajuste(const char *clave, const char *valor)
-    {
-        app.ctx().escribir_parametro(QString::fromUtf8(clave), QString::fromUtf8(valor));
     }
 
     void regla(const char *proveedor, const char *descuento, const char *ganancia)
     {
-        ASSERT_TRUE(app.db().execNQ("INSERT INTO vendrix_descuentos (Proveedor, Grupo, Articulo, Descuento, "
-                                    "Ganancia, borrable) VALUES (?, 'General para la lista', 'Todos los "
-                                    "articulos del grupo', ?, ?, 'true')",
-                                    QStringLiteral("cliente"), {proveedor, descuento, ganancia}));
+        TiendaConLista::regla(proveedor, "General para la lista", "Todos los articulos del grupo", descuento,
+                              ganancia);
     }
 
     // The log messages of one level ("ACT", "INF", "ERR"), without date and closing point.
@@ -104,8 +89,6 @@ protected:
         const LineaCarrito &l = carrito.linea(fila);
         return QStringList(l.begin(), l.end()).join(QLatin1Char('|'));
     }
-
-    TestApp app;
 };
 
 } // namespace vendrix::test

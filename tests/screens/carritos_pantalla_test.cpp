@@ -58,18 +58,16 @@ TEST_F(Pantalla, TheDialogOpensOnTheQuantityAndTheCartEditsInPlace)
 
     // The quantity is edited in place; a comma is the decimal mark.
     ASSERT_TRUE(g.ForceCellEdit(0, 0));
-    test::escribir(test::editor_abierto(g), QStringLiteral("2,5a"));
+    test::escribir(test::open_editor(g), QStringLiteral("2,5a"));
     g.CommitEdit();
     EXPECT_EQ(g.CellText(0, 3), "1500");
     EXPECT_EQ(total(2), "1500");
     EXPECT_EQ(tabs->carritos().carrito(2).celda(0, kColCantidad), "2,5");
     // A cleared cell isn't a number: the message, and the old value stays.
     ASSERT_TRUE(g.ForceCellEdit(0, 2));
-    test::editor_abierto(g)->clear();
+    test::open_editor(g)->clear();
     g.CommitEdit();
-    EXPECT_EQ(app.op.lines(),
-              QStringList{"error|Error en los Datos|Hay un error en los datos ingresados. El formato "
-                          "no es numérico."});
+    EXPECT_EQ(app.op.shown.size(), 1u);
     EXPECT_EQ(g.CellText(0, 2), "600");
     EXPECT_FALSE(g.ForceCellEdit(0, 1)); // only quantity and price take typing
     EXPECT_FALSE(g.ForceCellEdit(0, 3));

@@ -39,14 +39,12 @@ TEST(QtOperator, QuestionsHaveSpanishButtons)
     // Answers the next message box with the button of that caption, and
     // notes which buttons it had.
     auto pulsar_luego = [&vistos](const QString &caption) {
-        QTimer::singleShot(0, [caption, &vistos] {
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
+        en_el_dialogo<QMessageBox>([caption, &vistos](QMessageBox &box) {
             QStringList captions;
-            for (QAbstractButton *button : box->buttons())
+            for (QAbstractButton *button : box.buttons())
                 captions << button->text();
             vistos << captions.join(QLatin1Char('|'));
-            box->buttons().at(captions.indexOf(caption))->click();
+            box.buttons().at(captions.indexOf(caption))->click();
         });
     };
     pulsar_luego(QStringLiteral("Sí"));

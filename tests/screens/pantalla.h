@@ -1,7 +1,7 @@
 #pragma once
 
 // What the screen tests share: widgets by name, typing, the next dialog.
-#include "widgets/lynx_grid.h"
+#include "support/grid_fixture.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -33,13 +33,6 @@ inline void escribir(QLineEdit *box, const QString &teclas)
     box->setFocus();
     box->selectAll();
     QTest::keyClicks(box, teclas);
-}
-
-// The open editor of a grid: closed ones wait in the view for their
-// deletion, the open one is the newest.
-inline QLineEdit *editor_abierto(const widgets::LynxGrid &g)
-{
-    return g.view()->viewport()->findChildren<QLineEdit *>().last();
 }
 
 // Runs `paso` on the modal dialog once it is on screen.

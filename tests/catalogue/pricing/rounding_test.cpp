@@ -22,35 +22,25 @@ void comprobar(const Caso &c)
         << " tolerancia=" << c.tolerancia;
 }
 
-TEST(RedondearPrecio, ExamplesOfTheShopRounding)
-{
-    // "any" mode or step is tried with every value.
-    for (const char *tipo : {"De 10 en 10", "De 5 en 5"}) {
-        comprobar({10.121, "2", "2", tipo, "", "10,13"});
-        comprobar({10.129, "2", "0", tipo, "", "10,12"});
-    }
-    for (const char *modo : {"0", "1", "2", ""}) {
-        comprobar({13, "0", modo, "De 5 en 5", "", "15"});
-        comprobar({12, "0", modo, "De 5 en 5", "", "10"});
-        comprobar({1234, "-1", modo, "De 10 en 10", "", "1230"});
-        comprobar({1234, "-1", modo, "De 5 en 5", "", "1250"});
-        comprobar({1234, "-2", modo, "De 5 en 5", "", "1000"});
-        comprobar({30, "-2", modo, "De 10 en 10", "", "30"}); // rounds to 0: the price stays
-        for (const char *tipo : {"De 10 en 10", "De 5 en 5", ""})
-            comprobar({3.14159, "3", modo, tipo, "", "3,142"});
-    }
-}
-
 TEST(RedondearPrecio, ModesStepsAndEdges)
 {
     const Caso casos[] = {
-        {10.121, "2", "", "", "", "10,13"}, // a missing mode rounds up
+        {10.121, "2", "2", "De 5 en 5", "", "10,13"}, // the step only counts at 0 decimals and below
+        {10.129, "2", "0", "De 10 en 10", "", "10,12"},
+        {13, "0", "0", "De 5 en 5", "", "15"}, // at 0 decimals and below the mode counts no more
+        {12, "0", "2", "De 5 en 5", "", "10"},
+        {1234, "-1", "2", "De 10 en 10", "", "1230"},
+        {1234, "-1", "0", "De 5 en 5", "", "1250"},
+        {1234, "-2", "", "De 5 en 5", "", "1000"},
+        {30, "-2", "2", "De 10 en 10", "", "30"},      // rounds to 0: the price stays
+        {3.14159, "3", "0", "De 5 en 5", "", "3,142"}, // three decimals ignore mode and step
+        {10.121, "2", "", "", "", "10,13"},            // a missing mode rounds up
         {10.121, "1", "", "", "", "10,2"},
         {10.16, "1", "0", "", "", "10,1"},
         {10.125, "2", "1", "", "", "10,12"}, // standard: half to even on the double, then the format
         {1344.915, "2", "1", "", "", "1344,92"},
         {-10.121, "2", "2", "", "", "-10,12"},
-        {10.2, "0", "2", "", "", "10"}, // the mode has no effect at 0 decimals and below
+        {10.2, "0", "2", "", "", "10"},
         {10.7, "0", "0", "", "", "11"},
         {12.5, "0", "1", "De 5 en 5", "", "10"}, // halves go to even multiples of the step
         {17.5, "0", "1", "De 5 en 5", "", "20"},

@@ -8,24 +8,36 @@
 
 namespace vendrix::test {
 
-QStringList filas(const QString &db_path, const char *sql)
+std::vector<std::vector<std::optional<QString>>> filas_con_nulos(const QString &db_path, const char *sql)
 {
     QString error;
     auto db = PriceFileConnection::abrir(db_path, PriceFileConnection::Mode::SoloLectura, error);
+    std::vector<std::vector<std::optional<QString>>> rows;
     if (!db) {
         ADD_FAILURE() << error.toStdString();
-        return {};
+        return rows;
     }
     PriceFileStatement query(db->db(), sql);
     EXPECT_TRUE(query.valida()) << sql << ": " << db->ultimo_error().toStdString();
-    QStringList rows;
     while (query.fila()) {
-        QStringList columns;
+        std::vector<std::optional<QString>> row;
         for (int c = 0; c < query.columnas(); ++c)
-            columns << query.columna(c);
-        rows << columns.join(QLatin1Char('|'));
+            row.push_back(query.es_nulo(c) ? std::nullopt : std::optional<QString>(query.columna(c)));
+        rows.push_back(std::move(row));
     }
     EXPECT_FALSE(query.fallo()) << sql;
+    return rows;
+}
+
+QStringList filas(const QString &db_path, const char *sql)
+{
+    QStringList rows;
+    for (const auto &row : filas_con_nulos(db_path, sql)) {
+        QStringList columns;
+        for (const std::optional<QString> &column : row)
+            columns << column.value_or(QString());
+        rows << columns.join(QLatin1Char('|'));
+    }
     return rows;
 }
 

@@ -6,10 +6,15 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+#include <vector>
+
 #include "support/qt_print.h"
 
 namespace vendrix::test {
 
+// Every row of a query on a database file, each column NULL or text.
+std::vector<std::vector<std::optional<QString>>> filas_con_nulos(const QString &db_path, const char *sql);
 // Every row of a query on a database file, its columns joined by "|".
 QStringList filas(const QString &db_path, const char *sql);
 // The first column of the first row, "" when there is none.

@@ -1,6 +1,6 @@
 #include "catalogue/support/reference_search.h"
 
-#include "catalogue/pricelist/price_file_connection.h"
+#include "catalogue/support/list_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -12,27 +12,6 @@ namespace vendrix::test {
 namespace {
 
 using Articulo = DatosBusqueda::Articulo;
-
-// Every row of a query, each column NULL or text.
-std::vector<std::vector<Texto>> leer(const QString &path, const char *sql)
-{
-    QString error;
-    auto db = PriceFileConnection::abrir(path, PriceFileConnection::Mode::SoloLectura, error);
-    std::vector<std::vector<Texto>> rows;
-    if (!db) {
-        ADD_FAILURE() << error.toStdString();
-        return rows;
-    }
-    PriceFileStatement query(db->db(), sql);
-    while (query.fila()) {
-        std::vector<Texto> row;
-        for (int c = 0; c < query.columnas(); ++c)
-            row.push_back(query.es_nulo(c) ? std::nullopt : Texto(query.columna(c)));
-        rows.push_back(std::move(row));
-    }
-    EXPECT_FALSE(query.fallo()) << sql;
-    return rows;
-}
 
 bool igual(const Texto &a, const Texto &b)
 {
@@ -149,12 +128,13 @@ private:
 
 DatosBusqueda leer_datos_busqueda(const QString &precios, const QString &tienda)
 {
-    const auto marks = leer(
+    const auto marks = filas_con_nulos(
         tienda, "SELECT Tipo, Proveedor, Codigo, Descripcion FROM vendrix_articulos_testigo ORDER BY ID");
-    const auto orders = leer(tienda, "SELECT Descripcion, Grupo, Estado FROM vendrix_pedidos");
+    const auto orders = filas_con_nulos(tienda, "SELECT Descripcion, Grupo, Estado FROM vendrix_pedidos");
     DatosBusqueda d;
-    for (const auto &r : leer(precios, "SELECT ID, Proveedor, Grupo, Observaciones, Descripcion, Marca, "
-                                       "Codigo, Moneda, Precio FROM xls_listas ORDER BY ID")) {
+    for (const auto &r :
+         filas_con_nulos(precios, "SELECT ID, Proveedor, Grupo, Observaciones, Descripcion, Marca, "
+                                  "Codigo, Moneda, Precio FROM xls_listas ORDER BY ID")) {
         Articulo l{r[0]->toLongLong(), r[1], r[2], r[3], r[4], r[5], r[6], r[7], r[8], 0, 0, 0, 0, 0, {}, {}};
         for (int field = 1; field <= 6; ++field)
             l.pajar += r[field].value_or(QString()) + QLatin1Char(' ');

@@ -3,6 +3,7 @@
 #include "support/qt_print.h"
 #include "widgets/lynx_grid.h"
 
+#include <QLineEdit>
 #include <QStringList>
 #include <QTableView>
 
@@ -39,6 +40,17 @@ inline QString shown_texts(const widgets::LynxGrid &grid, int col)
     for (int row = 0; row < grid.view()->model()->rowCount(); ++row)
         texts << grid.view()->model()->index(row, col).data().toString();
     return texts.join('|');
+}
+
+// The open editor of a grid: closed ones linger hidden in the view until
+// deleted.
+inline QLineEdit *open_editor(const widgets::LynxGrid &grid)
+{
+    for (QLineEdit *editor : grid.view()->viewport()->findChildren<QLineEdit *>()) {
+        if (!editor->isHidden())
+            return editor;
+    }
+    return nullptr;
 }
 
 } // namespace vendrix::test
