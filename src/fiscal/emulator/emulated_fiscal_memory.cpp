@@ -183,7 +183,7 @@ QList<QByteArray> EmulatedFiscalMemory::respuesta_estado() const
         break;
     }
     const int parser = !abierto() ? 2 : es_credito() ? 13 : textos_seguidos_ > 0 ? 4 : 3;
-    return ok({ocho(ultimo_bc_), hex(quint16(parser | (cliente_ ? 0x20 : 0))), ocho(ultimo_a_), doc,
+    return ok({ocho(ultimo_bc_), hex(quint16(parser | (cliente_ ? 0x2000 : 0))), ocho(ultimo_a_), doc,
                ocho(ultimo_credito_bc_), ocho(ultimo_credito_a_)});
 }
 

@@ -64,7 +64,9 @@ void HasarDevice::registrar_modelo()
 {
     int numero = 0;
     try {
-        numero = printer_.modelo();
+        // A port that didn't open is not tried again just for the model.
+        if (printer_.abierto())
+            numero = printer_.modelo();
     } catch (const FiscalError &) {
     }
     ctx_.escribir_log(QStringLiteral("IMP HASAR001 - Se detecto la impresora Hasar modelo: %1").arg(numero),
@@ -90,7 +92,6 @@ void HasarDevice::configurar()
         printer_.modo_reintento(false);
         printer_.comenzar();
     } catch (const FiscalError &) {
-        return;
     }
     registrar_modelo();
 }

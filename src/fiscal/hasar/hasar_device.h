@@ -30,7 +30,7 @@ private:
     // Port and speed from the settings.
     void leer_puerto();
     void asegurar_conexion();
-    // Reads the model and logs it; a failure here is ignored.
+    // Reads the model and logs it; a failure here is ignored (number 0).
     void registrar_modelo();
 
     Context &ctx_;

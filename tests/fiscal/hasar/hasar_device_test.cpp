@@ -13,7 +13,7 @@ namespace vendrix {
 namespace {
 
 // Short waits: a silent printer costs a test well under a second.
-constexpr HasarTiempos kTiempos{250, 2, 600};
+constexpr HasarTiempos kTiempos{400, 2, 800};
 
 // The serial port wants an application object for its notifiers; a test
 // program that already made one keeps it.
