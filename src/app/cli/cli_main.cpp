@@ -25,9 +25,13 @@ const std::array kCommands{
             kOpcionesLista, cmd_construir_lista},
     Command{"demo", "Prepara en --carpeta un comercio de demostración para el primer inicio.", kOpcionesDemo,
             cmd_demo},
-    Command{"precio", "Muestra el panel de precio de un artículo de la lista: precio ID.", kFolder, cmd_precio},
+    Command{"precio", "Muestra el panel de precio de un artículo de la lista: precio ID.", kFolder,
+            cmd_precio},
     Command{"buscar", "Muestra las filas que la grilla de listas daría para un texto de búsqueda.", kFolder,
             cmd_buscar},
+    Command{"emular-hasar",
+            "Emula una impresora fiscal Hasar en un pseudo-terminal hasta Ctrl+C: --modelo N.",
+            QStringList{QStringLiteral("--modelo")}, cmd_emular_hasar},
 };
 
 int usage(QTextStream &err)

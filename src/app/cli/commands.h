@@ -19,5 +19,6 @@ int cmd_construir_lista(const CliArgs &args);
 int cmd_demo(const CliArgs &args);
 int cmd_precio(const CliArgs &args);
 int cmd_buscar(const CliArgs &args);
+int cmd_emular_hasar(const CliArgs &args);
 
 } // namespace vendrix::cli
