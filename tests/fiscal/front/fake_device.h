@@ -1,0 +1,53 @@
+#pragma once
+
+#include "fiscal/fiscal_device.h"
+
+#include <QStringList>
+
+namespace vendrix::test {
+
+// A driver that records each call by name and throws at the one named in
+// `falla`, with number 7, "Sin papel", source "DRV" and the step "paso1".
+class FakeDevice final : public FiscalDevice {
+public:
+    explicit FakeDevice(QStringList &llamadas, QString falla = {})
+        : llamadas_(llamadas), falla_(std::move(falla))
+    {
+    }
+
+    void conectar() override { paso("conectar"); }
+    void configurar() override { paso("configurar"); }
+    QString probar() override
+    {
+        paso("probar");
+        return QStringLiteral("3");
+    }
+    std::optional<std::pair<int, QString>> modelo() override
+    {
+        paso("modelo");
+        return std::pair{8, QStringLiteral("P-320F")};
+    }
+    void abrir(DocumentoFiscal &doc) override
+    {
+        doc.tipo_factura = QStringLiteral("48");
+        paso("abrir");
+    }
+    void agregar(ItemFiscal &) override { paso("agregar"); }
+    void cerrar(CierreFiscal &) override { paso("cerrar"); }
+    void cierre_x() override { paso("cierre_x"); }
+    void cierre_z() override { paso("cierre_z"); }
+    void desconectar() override { paso("desconectar"); }
+
+private:
+    void paso(const char *nombre)
+    {
+        llamadas_ << QString::fromLatin1(nombre);
+        if (falla_ == QLatin1String(nombre))
+            throw FiscalError(7, QStringLiteral("Sin papel"), QStringLiteral("DRV"), QStringLiteral("paso1"));
+    }
+
+    QStringList &llamadas_;
+    QString falla_;
+};
+
+} // namespace vendrix::test
