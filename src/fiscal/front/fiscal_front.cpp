@@ -312,16 +312,18 @@ bool FiscalFront::IF_CierreZ()
 
 bool FiscalFront::IF_Configurar()
 {
-    if (FiscalDevice *dev = dispositivo(familia())) {
-        try {
-            dev->configurar();
-        } catch (const FiscalError &e) {
-            ctx_.escribir_log(
-                QStringLiteral("FACTURA - No se pudieron modificar los parámetros del controlador: ") +
-                    QString::number(e.numero) + QStringLiteral(" - ") + e.descripcion,
-                QStringLiteral("E"));
-            return false;
-        }
+    // A model with no driver has nothing to set up.
+    FiscalDevice *dev = dispositivo(familia());
+    if (!dev)
+        return true;
+    try {
+        dev->configurar();
+    } catch (const FiscalError &e) {
+        ctx_.escribir_log(
+            QStringLiteral("FACTURA - No se pudieron modificar los parámetros del controlador: ") +
+                QString::number(e.numero) + QStringLiteral(" - ") + e.descripcion,
+            QStringLiteral("E"));
+        return false;
     }
     ctx_.escribir_log(QStringLiteral("FACTURA - Parámetros del controlador modificados"),
                       QStringLiteral("A"));
