@@ -7,31 +7,19 @@
 namespace vendrix::test {
 
 // A driver that records each call by name and throws at the one named in
-// `falla`, with number 7, "Sin papel", source "DRV" and the step "paso1".
+// `falla` (read at each call): number 7, "Sin papel", source "DRV", step "paso1".
 class FakeDevice final : public FiscalDevice {
 public:
-    explicit FakeDevice(QStringList &llamadas, QString falla = {})
-        : llamadas_(llamadas), falla_(std::move(falla))
-    {
-    }
+    FakeDevice(QStringList &llamadas, const QString &falla) : llamadas_(llamadas), falla_(falla) {}
 
     void conectar() override { paso("conectar"); }
     void configurar() override { paso("configurar"); }
-    QString probar() override
-    {
-        paso("probar");
-        return QStringLiteral("3");
-    }
+    QString probar() override { return paso("probar"), QStringLiteral("3"); }
     std::optional<std::pair<int, QString>> modelo() override
     {
-        paso("modelo");
-        return std::pair{8, QStringLiteral("P-320F")};
+        return paso("modelo"), std::pair{8, QStringLiteral("P-320F")};
     }
-    void abrir(DocumentoFiscal &doc) override
-    {
-        doc.tipo_factura = QStringLiteral("48");
-        paso("abrir");
-    }
+    void abrir(DocumentoFiscal &doc) override { doc.tipo_factura = QStringLiteral("48"), paso("abrir"); }
     void agregar(ItemFiscal &) override { paso("agregar"); }
     void cerrar(CierreFiscal &) override { paso("cerrar"); }
     void cierre_x() override { paso("cierre_x"); }
@@ -47,7 +35,7 @@ private:
     }
 
     QStringList &llamadas_;
-    QString falla_;
+    const QString &falla_;
 };
 
 } // namespace vendrix::test

@@ -29,16 +29,15 @@ protected:
             ++id;
         }
     }
-    QString ids(const char *sql) { return app.db().execQ1(sql, "internal"); }
-    QString ventas()
+    // The ids of a table's rows, in order.
+    QString ids(const char *columna, const char *tabla)
     {
-        return ids("SELECT group_concat(ID) FROM (SELECT ID FROM vendrix_facturas ORDER BY ID)");
+        return app.db().execQ1(QStringLiteral("SELECT group_concat(%1) FROM (SELECT %1 FROM %2 ORDER BY %1)")
+                                   .arg(QLatin1String(columna), QLatin1String(tabla)),
+                               "internal");
     }
-    QString lineas()
-    {
-        return ids("SELECT group_concat(Factura_Id) FROM (SELECT Factura_Id FROM vendrix_factura_items "
-                   "ORDER BY Factura_Id)");
-    }
+    QString ventas() { return ids("ID", "vendrix_facturas"); }
+    QString lineas() { return ids("Factura_Id", "vendrix_factura_items"); }
 
     TestApp app;
 };
