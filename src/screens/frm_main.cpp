@@ -6,6 +6,7 @@
 #include "core/holiday_logo.h"
 #include "core/shutdown.h"
 #include "core/status_indicators.h"
+#include "fiscal/front/fiscal_front.h"
 #include "sales/carritos.h"
 #include "screens/config_precios.h"
 #include "screens/frm_log.h"
@@ -79,7 +80,8 @@ QWidget *pagina_de_texto(const QString &texto)
 
 } // namespace
 
-FrmMain::FrmMain(Context &ctx, QWidget *parent) : QMainWindow(parent), ctx_(ctx)
+FrmMain::FrmMain(Context &ctx, QWidget *parent)
+    : QMainWindow(parent), ctx_(ctx), front_(std::make_unique<FiscalFront>(ctx))
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Vendrix"));
@@ -133,7 +135,7 @@ void FrmMain::crear_pestanas()
         if (i == kTabListas) {
             page = crear_pestana_listas();
         } else if (i == kTabConfiguracion) {
-            configuracion_ = new screens::PaginaConfiguracion(ctx_, reglas_);
+            configuracion_ = new screens::PaginaConfiguracion(ctx_, reglas_, front_.get());
             // Scrolled, so the wide rules grid never widens the window.
             auto *scroll = new QScrollArea;
             scroll->setWidget(configuracion_);
@@ -248,6 +250,9 @@ void FrmMain::cargar_pestanas()
     elegir_logo();
     ctx_.escribir_log(QStringLiteral("Se puso el logo de Vendrix correspondiente"), info);
     ctx_.escribir_log(QStringLiteral("Web Preview Inicializado"), info);
+    // The printer takes the port and speed of the settings before anything
+    // is printed.
+    front_->IF_Configurar();
     ctx_.escribir_log(QStringLiteral("Impresora Fiscal inicializada"), info);
     ctx_.escribir_log(QStringLiteral("FIN - Load form FrmMain"), info);
 }

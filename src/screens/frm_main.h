@@ -7,6 +7,7 @@
 #include <QPointer>
 
 #include <array>
+#include <memory>
 
 class QLabel;
 class QTabWidget;
@@ -14,6 +15,7 @@ class QTabWidget;
 namespace vendrix {
 
 class Context;
+class FiscalFront;
 class FrmLog;
 namespace screens {
 class PaginaConfiguracion;
@@ -70,6 +72,9 @@ public:
     screens::PaginaListas *pagina_listas() const { return listas_; }
     screens::TabListas *busqueda() const { return busqueda_; }
     screens::PaginaConfiguracion *pagina_configuracion() const { return configuracion_; }
+    // The one fiscal front of the program: its printer connection lives as
+    // long as the window.
+    FiscalFront &front() { return *front_; }
     // The picture a status bar panel (1 to 5) shows, as an image list index;
     // 0 when none.
     int imagen_panel(int panel) const;
@@ -93,6 +98,7 @@ private:
     // The shop's margin and discount rules: the rules grid edits them, the
     // article panel prices with them.
     RuleStore reglas_;
+    std::unique_ptr<FiscalFront> front_;
     QTabWidget *tabs_;
     screens::TabListas *busqueda_ = nullptr;
     screens::PaginaListas *listas_ = nullptr;

@@ -3,6 +3,7 @@
 #include "catalogue/pricing/supplier_rules/unused_rules.h"
 #include "core/context.h"
 #include "sales/carritos.h"
+#include "screens/config_impresora_fiscal.h"
 #include "screens/config_precios.h"
 #include "screens/config_reglas.h"
 
@@ -13,9 +14,10 @@
 
 namespace vendrix::screens {
 
-PaginaConfiguracion::PaginaConfiguracion(Context &ctx, RuleStore &reglas, QWidget *parent)
+PaginaConfiguracion::PaginaConfiguracion(Context &ctx, RuleStore &reglas, FiscalFront *front, QWidget *parent)
     : QWidget(parent), ctx_(ctx), reglas_(new ConfigReglas(ctx, reglas)), precios_(new ConfigPrecios(ctx)),
-      carritos_(new QCheckBox(QStringLiteral("Usar cuatro &carritos de compra")))
+      carritos_(new QCheckBox(QStringLiteral("Usar cuatro &carritos de compra"))),
+      impresora_(new ConfigImpresoraFiscal(ctx, front))
 {
     carritos_->setObjectName(QStringLiteral("Check_carritos"));
 
@@ -26,10 +28,13 @@ PaginaConfiguracion::PaginaConfiguracion(Context &ctx, RuleStore &reglas, QWidge
     v->addWidget(precios_);
     v->addWidget(carritos_);
     v->addStretch(1);
+    auto *derecha = new QVBoxLayout;
+    derecha->addWidget(grupo_precios, 1);
+    derecha->addWidget(impresora_);
 
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(grupo_reglas, 3);
-    layout->addWidget(grupo_precios, 1);
+    layout->addLayout(derecha, 1);
 }
 
 void PaginaConfiguracion::inicializar()
@@ -38,6 +43,7 @@ void PaginaConfiguracion::inicializar()
     reglas_->set_bloqueada(!ctx_.leer_parametro(QStringLiteral("admin_block")).isEmpty());
     const QSignalBlocker bloqueo(carritos_);
     carritos_->setChecked(cuatro_carritos(ctx_));
+    impresora_->inicializar();
 }
 
 void PaginaConfiguracion::llenar_reglas()

@@ -8,21 +8,26 @@ namespace vendrix {
 class ConfigPrecios;
 class ConfigReglas;
 class Context;
+class FiscalFront;
 class RuleStore;
 } // namespace vendrix
 
 namespace vendrix::screens {
 
+class ConfigImpresoraFiscal;
+
 // The configuration tab: the margin and discount rules, the pricing
-// settings and the check box `Check_carritos` (one cart or four).
+// settings, the check box `Check_carritos` (one cart or four) and the fiscal
+// printer frame, which works on the main window's fiscal front.
 class PaginaConfiguracion : public QWidget {
     Q_OBJECT
 
 public:
-    PaginaConfiguracion(Context &ctx, RuleStore &reglas, QWidget *parent = nullptr);
+    PaginaConfiguracion(Context &ctx, RuleStore &reglas, FiscalFront *front = nullptr,
+                        QWidget *parent = nullptr);
 
-    // The set-up at load: the pricing settings, the lock on the rules, and
-    // the check box from setting `carritos`.
+    // The set-up at load: the pricing settings, the lock on the rules, the
+    // check box from setting `carritos` and the printer frame.
     void inicializar();
     // `llenar_grilla("DataGridViewProveedores")`, then the notice of unused
     // rules when the shop asked for it.
@@ -31,12 +36,14 @@ public:
     ConfigReglas *reglas() const { return reglas_; }
     ConfigPrecios *precios() const { return precios_; }
     QCheckBox *check_carritos() const { return carritos_; }
+    ConfigImpresoraFiscal *impresora() const { return impresora_; }
 
 private:
     Context &ctx_;
     ConfigReglas *reglas_;
     ConfigPrecios *precios_;
     QCheckBox *carritos_;
+    ConfigImpresoraFiscal *impresora_;
 };
 
 } // namespace vendrix::screens
