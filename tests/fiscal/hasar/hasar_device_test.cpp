@@ -1,9 +1,5 @@
-#include "fiscal/emulator/hasar_emulator.h"
-#include "fiscal/hasar/hasar_device.h"
+#include "fiscal/emulated_printer.h"
 #include "support/qt_print.h"
-#include "support/test_context.h"
-
-#include <QCoreApplication>
 
 #include <gtest/gtest.h>
 
@@ -12,38 +8,10 @@
 namespace vendrix {
 namespace {
 
-// Short waits: a silent printer costs a test well under a second.
-constexpr HasarTiempos kTiempos{400, 2, 800};
-
-// The serial port wants an application object for its notifiers; a test
-// program that already made one keeps it.
-bool con_aplicacion()
-{
-    if (!QCoreApplication::instance()) {
-        static int argc = 1;
-        static char nombre[] = "test_fiscal";
-        static char *argv[] = {nombre, nullptr};
-        new QCoreApplication(argc, argv); // lives as long as the program
-    }
-    return true;
-}
-
-// A Hasar driver over the settings of a test folder, talking to an emulated
-// printer through the pseudo-terminal as through a serial port.
-struct Banco {
-    explicit Banco(int modelo = 9, char responsabilidad = 'I')
-        : emulador(HasarEmulator::Opciones{modelo, responsabilidad, 50})
-    {
-        emulador.iniciar();
-        app.ctx().escribir_parametro("IF_Port", emulador.ruta());
-        app.ctx().escribir_parametro("IF_velocidad", "9600");
-        app.ctx().escribir_parametro("IF_IDFiscal", "Kiosco Doña Pepa|Av. Siempre Viva 742");
-    }
-
-    bool aplicacion = con_aplicacion();
-    test::TestApp app;
-    HasarEmulator emulador;
-    HasarDevice device{app.ctx(), kTiempos};
+// A Hasar driver over an emulated printer.
+struct Banco : test::ImpresoraEmulada {
+    using ImpresoraEmulada::ImpresoraEmulada;
+    HasarDevice device{app.ctx(), test::kTiempos};
 };
 
 DocumentoFiscal consumidor_final()
@@ -143,53 +111,6 @@ TEST(HasarDeviceTest, DailyClosesReportTheDayAndZStartsANewOne)
                    "IVA                               $ 0.00"}));
 }
 
-struct FaultCase {
-    const char *caso;
-    FallaEmulada falla;
-    int numero; // 0: the ticket goes through
-    const char *paso;
-};
-
-TEST(HasarDeviceTest, FaultsOfThePrinterEndInTheirErrorOrAreRecovered)
-{
-    const QByteArray kItem("\x42");
-    const FaultCase cases[] = {
-        {"silent printer", {FallaHasar::SinRespuesta, -1, kItem}, 1010, "imprimir_item"},
-        {"one packet lost", {FallaHasar::SinRespuesta, 1, kItem}, 0, ""},
-        {"every packet refused", {FallaHasar::Nak, -1, kItem}, 1011, "imprimir_item"},
-        {"one packet refused", {FallaHasar::Nak, 1, kItem}, 0, ""},
-        {"busy beyond the bound", {FallaHasar::EsperaLarga, 1, kItem, 0, 3000}, 1012, "imprimir_item"},
-        {"busy for a while", {FallaHasar::EsperaLarga, 1, kItem, 0, 200}, 0, ""},
-        {"out of paper", {FallaHasar::SinPapel, 1, kItem}, 1105, "imprimir_item"},
-        {"every reply damaged", {FallaHasar::SumaErronea, -1, kItem}, 1013, "imprimir_item"},
-        {"one reply damaged", {FallaHasar::SumaErronea, 1, kItem}, 0, ""},
-        {"reply lost after printing", {FallaHasar::RespuestaPerdida, 1, kItem}, 0, ""},
-        {"bad field", {FallaHasar::EstadoConError, 1, kItem, 1u << 4}, 1204, "imprimir_item"},
-        {"document left open", {FallaHasar::ComprobanteAbierto, 1, {}}, 1213, "datos_cliente"},
-    };
-    for (const FaultCase &c : cases) {
-        SCOPED_TRACE(c.caso);
-        Banco banco(9, 'M');
-        banco.emulador.agregar_falla(c.falla);
-        int numero = 0;
-        QString paso;
-        DocumentoFiscal doc = consumidor_final();
-        try {
-            imprimir(banco.device, doc, {item("Yerba", "1", "121", 21)});
-        } catch (const FiscalError &e) {
-            numero = e.numero;
-            paso = e.paso;
-            EXPECT_FALSE(e.descripcion.isEmpty());
-        }
-        EXPECT_EQ(numero, c.numero);
-        EXPECT_EQ(paso, QString(c.paso));
-        // What went through was printed once, re-sends and repeated replies notwithstanding.
-        if (c.numero == 0) {
-            EXPECT_EQ(banco.emulador.diario().count("Yerba                (21.00)    $ 121.00"), 1);
-        }
-    }
-}
-
 TEST(HasarDeviceTest, ModelIsReadAtConnectionAndOlderModelsHaveNoCreditNotes)
 {
     Banco nuevo(9);
@@ -230,11 +151,11 @@ TEST(HasarDeviceTest, PortSettingsThatCantWork)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.puerto);
-        con_aplicacion();
+        test::con_aplicacion();
         test::TestApp app;
         app.ctx().escribir_parametro("IF_Port", c.puerto);
         app.ctx().escribir_parametro("IF_velocidad", c.velocidad);
-        HasarDevice device(app.ctx(), kTiempos);
+        HasarDevice device(app.ctx(), test::kTiempos);
         try {
             device.conectar();
             ADD_FAILURE() << "connected";
