@@ -174,6 +174,9 @@ void FrmConfImpresora::crear_controles()
     certificado_ = control<QLineEdit>(fe_, "Text_FE_Certificado");
     llave_ = control<QLineEdit>(fe_, "Text_FE_Contrasena");
     openssl_ = control<QLineEdit>(fe_, "Text_FE_OPENSSL");
+    // Room for a whole path such as /home/caja/afip/negocio.crt.
+    for (QLineEdit *ruta : {certificado_, llave_, openssl_})
+        ruta->setMinimumWidth(260);
     auto *cert = boton(fe_, "FE_Cert_abrir", QStringLiteral("..."));
     auto *key = boton(fe_, "Command_key_abrir", QStringLiteral("..."));
     auto *ssl = boton(fe_, "Command_ssl_abrir", QStringLiteral("..."));
