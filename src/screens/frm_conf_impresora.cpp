@@ -106,6 +106,7 @@ void FrmConfImpresora::crear_controles()
     auto *general = new QGroupBox(QStringLiteral("Impresora"), this);
     modelo_ = combo(general, "Combo_modelo_Impresora", modelos_impresora());
     puerto_ = combo(general, "Combo_port", puertos_disponibles());
+    puerto_->setEditable(true);
     velocidad_ = combo(general, "Combo_vel", velocidades_impresora());
     desc_art_ = combo(general, "Combo_desc_art", descripciones_articulo());
     iva_ = control<QComboBox>(general, "Combo_iva");
@@ -263,10 +264,18 @@ void FrmConfImpresora::conectar_controles()
         aplicar_disposicion(palabra_disposicion(modelo));
         front_.IF_Configurar();
     });
-    connect(puerto_, &QComboBox::textActivated, this, [this](const QString &puerto) {
+    // The port is chosen from the list or typed (an emulated printer's
+    // pseudo-terminal, a port the system doesn't list); typed, it is stored
+    // when the operator presses Enter or leaves the box.
+    const auto cambiar_puerto = [this](const QString &puerto) {
+        if (puerto == ctx_.leer_parametro(QStringLiteral("IF_Port")))
+            return;
         guardar(QStringLiteral("IF_Port"), puerto);
         front_.IF_Configurar();
-    });
+    };
+    connect(puerto_, &QComboBox::textActivated, this, cambiar_puerto);
+    connect(puerto_->lineEdit(), &QLineEdit::editingFinished, this,
+            [this, cambiar_puerto] { cambiar_puerto(puerto_->currentText().trimmed()); });
     connect(velocidad_, &QComboBox::textActivated, this, [this](const QString &velocidad) {
         guardar(QStringLiteral("IF_velocidad"), velocidad);
         front_.IF_Configurar();

@@ -10,6 +10,7 @@
 #include "support/test_context.h"
 
 #include <QGroupBox>
+#include <QLineEdit>
 
 namespace vendrix::test {
 namespace {
@@ -137,6 +138,18 @@ TEST_F(ConfImpresora, TheLayoutFollowsTheModel)
         EXPECT_EQ(form->tamano(), f.tamano);
         EXPECT_EQ(get("IF_Modelo"), f.modelo);
     }
+}
+
+// An emulated printer's pseudo-terminal is typed, not listed.
+TEST_F(ConfImpresora, APortTheSystemDoesntListCanBeTyped)
+{
+    auto form = abrir();
+    auto *puerto = hijo<QComboBox>(*form, "Combo_port");
+    puerto->lineEdit()->setText("/dev/pts/7");
+    Q_EMIT puerto->lineEdit()->editingFinished();
+    EXPECT_EQ(get("IF_Port"), "/dev/pts/7");
+    EXPECT_TRUE(app.log_messages().contains(
+        "se modificó el valor del parametro de configuración IF_Port a: /dev/pts/7."));
 }
 
 TEST_F(ConfImpresora, ThePrinterCheckLightsTheIndicatorAndTheLockTakesItAway)
