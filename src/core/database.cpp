@@ -246,12 +246,6 @@ bool Database::existe_campo(const QString &table, const QString &column)
                   QStringLiteral("internal"));
 }
 
-QString Database::escapar_comillas(const QString &text)
-{
-    QString escaped = text;
-    return escaped.replace(QLatin1Char('\''), QLatin1String("''"));
-}
-
 bool Database::antes_de_ejecutar(const QString &sql)
 {
     Q_UNUSED(sql)

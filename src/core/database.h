@@ -118,8 +118,6 @@ public:
     // The row id of the last insert on the target's connection.
     qint64 ultimo_id(const QString &target);
 
-    static QString escapar_comillas(const QString &text);
-
     QString tabla_listas_attach() const;
     QString tabla_testigo_attach() const;
     QString tabla_pedidos_attach() const;
