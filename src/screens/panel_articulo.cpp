@@ -188,11 +188,7 @@ void PanelArticulo::recalcular(bool avisar_incompletas)
     QWidget *foco = QApplication::focusWidget();
     calculando_ = true;
     ctx_.estado().marcar_ocupado(true);
-    calcular_precio_detalle(detalle_.panel, PriceSettings::leer(ctx_));
-    // The critical icon marks the wrong-formula messages alone.
-    if (!avisar_incompletas)
-        std::erase_if(detalle_.panel.mensajes,
-                      [](const Mensaje &m) { return m.icono == Mensaje::Icono::Critico; });
+    calcular_precio_detalle(detalle_.panel, PriceSettings::leer(ctx_), avisar_incompletas);
     publicar_panel(ctx_, detalle_.panel);
     ctx_.estado().marcar_ocupado(false);
     calculando_ = false;

@@ -194,14 +194,15 @@ std::optional<FormulaFailure> calcular_figuras(PricePanel &panel, const PriceSet
 // The calculation with the rounding already prepared: each formula is
 // evaluated once, then the messages in the order the operator sees them
 // (the three tests, then each percentage's range), then the figures.
-void calcular(PricePanel &panel, const PriceSettings &ajustes, const Rounder &redondeo)
+void calcular(PricePanel &panel, const PriceSettings &ajustes, const Rounder &redondeo,
+              bool avisar_invalidas = true)
 {
     panel.mensajes.clear();
     panel.errores.clear();
     std::array<FormulaValue, 3> valores;
     for (size_t i = 0; i < valores.size(); ++i)
         valores[i] = evaluar_formula(panel[kFormulas[i].campo].text, kFormulas[i].kind);
-    for (size_t i = 0; i < valores.size(); ++i) {
+    for (size_t i = 0; avisar_invalidas && i < valores.size(); ++i) {
         if (!valores[i].valida)
             panel.mensajes.push_back(
                 mensaje(Mensaje::Icono::Critico, kFormulas[i].titulo_invalida, kFormulas[i].texto_invalida));
@@ -270,9 +271,9 @@ PricePanel cargar_panel(const PricedArticle &articulo, std::optional<double> uni
     return panel;
 }
 
-void calcular_precio_detalle(PricePanel &panel, const PriceSettings &ajustes)
+void calcular_precio_detalle(PricePanel &panel, const PriceSettings &ajustes, bool avisar_invalidas)
 {
-    calcular(panel, ajustes, Rounder(ajustes.redondeo));
+    calcular(panel, ajustes, Rounder(ajustes.redondeo), avisar_invalidas);
 }
 
 void calcular_precio_detalle(Context &ctx, PricePanel &panel)

@@ -77,8 +77,10 @@ PricePanel cargar_panel(const PricedArticle &articulo, std::optional<double> uni
 // Works the panel out again from its boxes (list price, per-unit price, the
 // three formulas) and the article's rate: tests the formulas, then cost, net,
 // price with IVA, card price and the whole-pack figure, with the messages of
-// wrong formulas, out-of-range percentages and a price below cost.
-void calcular_precio_detalle(PricePanel &panel, const PriceSettings &ajustes);
+// wrong formulas, out-of-range percentages and a price below cost. Without
+// `avisar_invalidas` a wrong formula is worked out as 0 without its message
+// (a formula still being typed).
+void calcular_precio_detalle(PricePanel &panel, const PriceSettings &ajustes, bool avisar_invalidas = true);
 
 // The same through the context, for a formula or price typed in the panel:
 // busy while it runs, settings read now, messages shown through the
