@@ -6,13 +6,39 @@
 #include "screens/config_impresora_fiscal.h"
 #include "screens/config_precios.h"
 #include "screens/config_reglas.h"
+#include "screens/frm_destinos_de_pago.h"
+#include "screens/frm_medios_de_pago.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace vendrix::screens {
+
+namespace {
+
+// The frame that opens the two payment lists, each in its own modal dialog.
+QGroupBox *marco_medios_de_pago(Context &ctx, QWidget *pagina)
+{
+    auto *marco = new QGroupBox(QStringLiteral("Pagos y cobros"), pagina);
+    marco->setObjectName(QStringLiteral("Frame_medios_de_pago"));
+    auto *medios = new QPushButton(QStringLiteral("&Formas de pago..."), marco);
+    medios->setObjectName(QStringLiteral("Command_configurarmediosdepago"));
+    auto *destinos = new QPushButton(QStringLiteral("D&estinos de pago..."), marco);
+    destinos->setObjectName(QStringLiteral("Command_destinos_pago"));
+    auto *h = new QHBoxLayout(marco);
+    h->addWidget(medios);
+    h->addWidget(destinos);
+    QObject::connect(medios, &QPushButton::clicked, pagina,
+                     [&ctx, pagina] { FrmMediosDePago(ctx, pagina->window()).exec(); });
+    QObject::connect(destinos, &QPushButton::clicked, pagina,
+                     [&ctx, pagina] { FrmDestinosDePago(ctx, pagina->window()).exec(); });
+    return marco;
+}
+
+} // namespace
 
 PaginaConfiguracion::PaginaConfiguracion(Context &ctx, RuleStore &reglas, FiscalFront *front, QWidget *parent)
     : QWidget(parent), ctx_(ctx), reglas_(new ConfigReglas(ctx, reglas)), precios_(new ConfigPrecios(ctx)),
@@ -31,6 +57,7 @@ PaginaConfiguracion::PaginaConfiguracion(Context &ctx, RuleStore &reglas, Fiscal
     auto *derecha = new QVBoxLayout;
     derecha->addWidget(grupo_precios, 1);
     derecha->addWidget(impresora_);
+    derecha->addWidget(marco_medios_de_pago(ctx_, this));
 
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(grupo_reglas, 3);
