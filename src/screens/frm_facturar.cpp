@@ -1,6 +1,7 @@
 #include "screens/frm_facturar.h"
 
 #include "core/context.h"
+#include "core/numeric.h"
 #include "core/validators.h"
 #include "sales/carritos.h"
 #include "screens/filtro_teclas.h"
@@ -322,7 +323,8 @@ void FrmFacturar::mostrar()
     Check_resumido_->setChecked(v.Check_resumido);
     Check_resumido_->setVisible(v.Check_resumido_visible);
     Label_articulos_->setText(v.Label_articulos);
-    Label_total_->setText(QStringLiteral("$ ") + v.Label_total);
+    // Always with its cents, as money is read at the counter.
+    Label_total_->setText(QStringLiteral("$ ") + formatear(valor_texto(v.Label_total), u"#0.00"));
     Command_imprimir_->setText(v.Command_imprimir);
     Command_imprimir_->setEnabled(v.Command_imprimir_habilitado);
     Command_nota_credito_->setVisible(v.Command_nota_credito_visible);

@@ -42,7 +42,7 @@ TEST_F(Checkout, AFinalConsumerPayingCashReachesTheRecording)
         abierto = true;
         EXPECT_EQ(hijo<QComboBox>(d, "Combo_FdP")->currentText(), "Efectivo");
         EXPECT_EQ(hijo<QComboBox>(d, "Combo_iva")->currentText(), "F - CONSUMIDOR FINAL");
-        EXPECT_EQ(hijo<QLabel>(d, "Label_total")->text(), "$ 1250,5");
+        EXPECT_EQ(hijo<QLabel>(d, "Label_total")->text(), "$ 1250,50");
         EXPECT_EQ(hijo<QLineEdit>(d, "Text_referenciaExterna")->text(), "261123-103000");
         // A one-letter search looks nothing up; Enter in the box searches
         // and doesn't record the sale.
