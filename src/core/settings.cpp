@@ -211,8 +211,10 @@ const char *const kDefaultLines[] = {
     "actualizar_online = 1",
     "busqueda_limite_caracteres_combo = 3",
     "busqueda_cantidad_resultados_combo = 10",
-    "IF_max_tarjeta = 20000; ",
-    "IF_max_efectivo = 10000",
+    // From this amount up a final consumer must be identified (AFIP's general
+    // resolution 5700/2025), in cash and by card alike.
+    "IF_max_tarjeta = 10000000",
+    "IF_max_efectivo = 10000000",
     "Impresora_Fiscal = 0",
     "Valor_Dolar=1",
     "iva = 21",

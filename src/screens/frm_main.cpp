@@ -9,6 +9,7 @@
 #include "fiscal/front/fiscal_front.h"
 #include "sales/carritos.h"
 #include "screens/config_precios.h"
+#include "screens/frm_facturar.h"
 #include "screens/frm_log.h"
 #include "screens/pagina_configuracion.h"
 #include "screens/pagina_listas.h"
@@ -166,6 +167,8 @@ QWidget *FrmMain::crear_pestana_listas()
     carritos_ = new screens::TabChangos(ctx_, listas_, page);
     layout->addWidget(carritos_);
     listas_->conectar_carritos(carritos_);
+    connect(carritos_, &screens::TabChangos::facturar_pedido, this,
+            [this](int numero) { screens::facturar_carrito(ctx_, carritos_->carritos(), numero, this); });
     connect(listas_, &screens::PaginaListas::busquedaPedida, busqueda_, &screens::TabListas::buscar);
 
     // The search around the grid: the panel is emptied first; a single

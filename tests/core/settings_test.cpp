@@ -127,14 +127,15 @@ TEST_F(SettingsTest, DefaultFileHasItsLinesAndTheValuesTheProgramReads)
     EXPECT_EQ(lines.size(), 39);
     EXPECT_EQ(lines.mid(0, 5), QStringList({"[PROVEEDORES]", "", "[PARAMETROS]", "", "detalle_precios = 0"}));
     EXPECT_EQ(lines.at(21) + '|' + lines.at(31) + '|' + lines.at(37),
-              " busqueda_cantidad_resultados = 1|IF_max_tarjeta = 20000; |letraGrande = 0");
+              " busqueda_cantidad_resultados = 1|IF_max_tarjeta = 10000000|letraGrande = 0");
     ASSERT_TRUE(config().crear_por_defecto("2.7.13"));
     EXPECT_EQ(read_config(), cp1252::codificar(lines.join("\r\n")));
     QStringList read;
-    for (const char *key : {"decimales", "IF_Mensaje", "version", "IF_desc_art", "cantidad_filas",
-                            "actualizar_online", "busqueda_cantidad_resultados_combo", "Valor_Dolar", "iva"})
+    for (const char *key :
+         {"decimales", "IF_Mensaje", "version", "IF_desc_art", "cantidad_filas", "actualizar_online",
+          "busqueda_cantidad_resultados_combo", "Valor_Dolar", "iva", "IF_max_efectivo", "IF_max_tarjeta"})
         read << config().leer_parametro(key);
-    EXPECT_EQ(read.join('|'), "2|GRACIAS POR SU COMPRA|2.7.13|Descripción|100|1|10|1|21");
+    EXPECT_EQ(read.join('|'), "2|GRACIAS POR SU COMPRA|2.7.13|Descripción|100|1|10|1|21|10000000|10000000");
 }
 
 TEST_F(SettingsTest, WholeTextRoundTripsForBackups)

@@ -1,0 +1,77 @@
+// The checkout dialog, opened from a cart of the main window.
+#include "sales/tienda.h"
+#include "screens/carrito_tab.h"
+#include "screens/frm_facturar.h"
+#include "screens/frm_main.h"
+#include "screens/pantalla.h"
+#include "screens/tab_changos.h"
+
+#include <QSignalSpy>
+
+namespace vendrix::screens {
+namespace {
+
+using test::en_el_dialogo;
+using test::hijo;
+
+class Checkout : public test::Tienda {
+protected:
+    void SetUp() override
+    {
+        Tienda::SetUp();
+        ajuste("IF_max_efectivo", "10000000");
+        ajuste("IF_max_tarjeta", "10000000");
+        window = std::make_unique<FrmMain>(app.ctx());
+    }
+
+    void facturar(const QString &linea_carrito)
+    {
+        CarritoTab &pagina = *window->carritos()->pagina(1);
+        pagina.carrito().agregar_linea(linea(linea_carrito));
+        pagina.mostrar();
+        hijo<QPushButton>(pagina, "c1_facturar")->click();
+    }
+
+    std::unique_ptr<FrmMain> window;
+};
+
+TEST_F(Checkout, AFinalConsumerPayingCashReachesTheRecording)
+{
+    bool abierto = false;
+    en_el_dialogo<FrmFacturar>([&](FrmFacturar &d) {
+        abierto = true;
+        EXPECT_EQ(hijo<QComboBox>(d, "Combo_FdP")->currentText(), "Efectivo");
+        EXPECT_EQ(hijo<QComboBox>(d, "Combo_iva")->currentText(), "F - CONSUMIDOR FINAL");
+        EXPECT_EQ(hijo<QLabel>(d, "Label_total")->text(), "$ 1250,50");
+        EXPECT_EQ(hijo<QLineEdit>(d, "Text_referenciaExterna")->text(), "261123-103000");
+        // A one-letter search looks nothing up; Enter in the box searches
+        // and doesn't record the sale.
+        QSignalSpy venta(&d, &FrmFacturar::registrar_venta);
+        test::escribir(hijo<QLineEdit>(d, "Text_buscar"), "z");
+        QTest::keyClick(hijo<QLineEdit>(d, "Text_buscar"), Qt::Key_Return);
+        EXPECT_EQ(venta.count(), 0);
+        // Enter on the payment method records it: a stored sale, no printer.
+        hijo<QComboBox>(d, "Combo_FdP")->setFocus();
+        QTest::keyClick(hijo<QComboBox>(d, "Combo_FdP"), Qt::Key_Return);
+        ASSERT_EQ(venta.count(), 1);
+        EXPECT_EQ(venta.at(0).at(0).value<PasoVenta>(), PasoVenta::guardar);
+        EXPECT_TRUE(hijo<QPushButton>(d, "Command_imprimir")->isEnabled());
+        QTest::keyClick(&d, Qt::Key_Escape);
+    });
+    facturar("5|Tornillo 1/4|250,1|1250,5|21|1");
+    EXPECT_TRUE(abierto);
+    EXPECT_TRUE(app.op.empty());
+    EXPECT_TRUE(app.log_messages().contains("La factura hay que guardarla solamente (no hay necesidad de "
+                                            "imprimirla)."));
+}
+
+TEST_F(Checkout, ACartWorthNothingIsntCheckedOut)
+{
+    facturar("1|A mano|0|0|21|0");
+    EXPECT_EQ(app.op.lines(),
+              QStringList({"warn|Carrito de Compras Vacío|El carrito de compras está vacío o el total "
+                           "es cero. Agregue un artículo antes de intentar facturarlo."}));
+}
+
+} // namespace
+} // namespace vendrix::screens
