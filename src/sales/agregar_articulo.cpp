@@ -108,6 +108,8 @@ ResultadoAgregar AgregarArticulo::agregar()
                                       "menor que cero."));
         return resultado;
     }
+    // The line and the new total reach the cart's listener together.
+    Carrito::Lote lote(carritos_.carrito(carrito_origen_));
     // The whole pack's price is what is compared: with several units per
     // price the line holds the unit price and never matches.
     const int fila = buscar_articulo_en_carrito(ctx_, carritos_.carrito(carrito_origen_), vista_.Text_artdesc,

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <array>
+#include <functional>
 #include <vector>
 
 namespace vendrix {
@@ -40,12 +41,35 @@ inline const QString kPrefijoCarritoGuardado = QStringLiteral("Carrito guardado:
 // the program's name.
 inline const QString kTituloPrograma = QStringLiteral("Vendrix");
 
-// A cart: the working list of a sale before it becomes a document. It lives
-// only in memory; the screen shows it in a grid, and nothing of it is stored
-// until a sale or "Guardar Carrito" writes it.
+// A cart: the working list of a sale before it becomes a document. The
+// screen shows it in a grid; whoever keeps a copy of it (the store of open
+// carts) listens to its changes.
 class Carrito {
 public:
+    // Told after each change of the lines, the captions or the total box.
+    using AvisoCambio = std::function<void(const Carrito &)>;
+
+    // Holds the cart's notice back while it lives, so that the changes of
+    // one step (a line and the new total) are told once, with the cart
+    // whole again. Batches nest; the outermost one tells.
+    class Lote {
+    public:
+        explicit Lote(Carrito &carrito) : carrito_(carrito) { ++carrito_.lotes_; }
+        ~Lote();
+        Lote(const Lote &) = delete;
+        Lote &operator=(const Lote &) = delete;
+
+    private:
+        Carrito &carrito_;
+    };
+
     explicit Carrito(int numero = 1) : numero_(numero) {}
+    // A copy has the contents and the number but nobody listening to it.
+    Carrito(const Carrito &otro);
+    // The cart assigned to keeps its number and its listener, and tells it.
+    Carrito &operator=(const Carrito &otro);
+
+    void set_aviso_cambio(AvisoCambio aviso) { aviso_ = std::move(aviso); }
 
     // 1 to 4, and as the text the operations take.
     int numero() const { return numero_; }
@@ -65,31 +89,38 @@ public:
     int agregar_linea(const LineaCarrito &linea);
     void borrar_linea(int fila);
     // Removes the lines; the total box and the captions stay.
-    void quitar_lineas() { lineas_.clear(); }
+    void quitar_lineas();
 
     // The sum of the amounts (col 3), each read as a number; 0 when empty.
     double total() const;
 
     // What the cart's total box shows.
     const QString &texto_total() const { return texto_total_; }
-    void set_texto_total(const QString &text) { texto_total_ = text; }
+    void set_texto_total(const QString &text) { cambiar(texto_total_, text); }
 
     // Caption 1 of the totals line: "Carrito guardado: " and the reference
     // number of the stored document the cart was opened from, or "".
     // Caption 2 is cleared with it.
     const QString &marca_guardado() const { return marca_guardado_; }
-    void set_marca_guardado(const QString &text) { marca_guardado_ = text; }
+    void set_marca_guardado(const QString &text) { cambiar(marca_guardado_, text); }
     const QString &leyenda_extra() const { return leyenda_extra_; }
-    void set_leyenda_extra(const QString &text) { leyenda_extra_ = text; }
+    void set_leyenda_extra(const QString &text) { cambiar(leyenda_extra_, text); }
     // The reference number of the mark, "" when the cart comes from nowhere.
     QString referencia_guardada() const;
 
 private:
+    // A write that changes nothing tells nobody.
+    void cambiar(QString &campo, const QString &text);
+    void cambiado();
+
     int numero_;
     std::vector<LineaCarrito> lineas_;
     QString texto_total_;
     QString marca_guardado_;
     QString leyenda_extra_;
+    AvisoCambio aviso_;
+    int lotes_ = 0;
+    bool pendiente_ = false;
 };
 
 } // namespace vendrix

@@ -23,6 +23,13 @@ public:
     Carrito &carrito(int numero) { return carritos_[indice(numero)]; }
     const Carrito &carrito(int numero) const { return carritos_[indice(numero)]; }
 
+    // Every cart tells `aviso` of its changes; an empty function stops it.
+    void set_aviso_cambio(const Carrito::AvisoCambio &aviso)
+    {
+        for (Carrito &c : carritos_)
+            c.set_aviso_cambio(aviso);
+    }
+
 private:
     static size_t indice(int numero) { return es_numero(numero) ? static_cast<size_t>(numero - 1) : 0; }
 

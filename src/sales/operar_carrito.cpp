@@ -63,6 +63,7 @@ bool vaciar(Context &ctx, Carrito &carrito, bool preguntar)
 
 bool operar_carrito(Context &ctx, Carrito &carrito, VerboCarrito verbo, bool preguntar, int fila_seleccionada)
 {
+    Carrito::Lote lote(carrito);
     switch (verbo) {
     case VerboCarrito::agregar:
         agregar_linea_en_blanco(ctx, carrito);
@@ -77,6 +78,7 @@ bool operar_carrito(Context &ctx, Carrito &carrito, VerboCarrito verbo, bool pre
 
 void actualizar_total_carrito(Carrito &carrito)
 {
+    Carrito::Lote lote(carrito);
     for (int fila = 0; fila < carrito.filas(); ++fila) {
         const double importe = valor_texto(carrito.celda(fila, kColCantidad)) *
                                valor_texto(carrito.celda(fila, kColPrecioUnitario));
@@ -133,6 +135,7 @@ bool editar_celda_carrito(Context &ctx, Carrito &carrito, int fila, int col, con
                        QStringLiteral("Hay un error en los datos ingresados. El formato no es numérico."));
         return false;
     }
+    Carrito::Lote lote(carrito);
     carrito.set_celda(fila, col, value);
     actualizar_total_carrito(carrito);
     return true;

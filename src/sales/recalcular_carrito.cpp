@@ -247,6 +247,8 @@ int recalcular_carrito(Context &ctx, Carrito &carrito)
                       QStringLiteral("El carrito no puede estar vacío para recalcular su precio."));
         return -1;
     }
+    // The whole run is one change of the cart, told when it ends.
+    Carrito::Lote lote(carrito);
     Recalculo recalculo(ctx, carrito);
     int actualizadas = 0;
     for (int fila = 0; fila < carrito.filas(); ++fila) {
