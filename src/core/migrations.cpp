@@ -69,6 +69,14 @@ const char *const kPagos =
     "ID_Factura_pagos INTEGER, Fecha TEXT, Factura_neto INTEGER, Factura_iva INTEGER, "
     "Factura_Descuentos INTEGER, Factura_otrosImpuestos INTEGER, factura_letra TEXT, Factura_sucursal TEXT, "
     "factura_numero TEXT, proximo_vencimiento TEXT, Medio_de_pago_origen TEXT)";
+// Vendrix's own: a copy of each open cart, one row a line, so that the
+// carts come back after the program closes or dies. The cart's name and
+// captions repeat on each of its rows; the cells keep their text.
+const char *const kCarritosAbiertos =
+    "CREATE TABLE vendrix_carritos_abiertos (Carrito INTEGER NOT NULL, Fila INTEGER NOT NULL, Nombre TEXT, "
+    "Marca_guardado TEXT, Leyenda TEXT, Total TEXT, Cantidad TEXT, Articulo TEXT, Precio_unit TEXT, "
+    "Importe TEXT, IVA TEXT, Codigo TEXT, Ganancia TEXT, Descuento TEXT, Descuento_cliente TEXT, Costo TEXT, "
+    "Codigo_segun_proveedor TEXT, Grupo_segun_proveedor TEXT, Proveedor TEXT, PRIMARY KEY (Carrito, Fila))";
 
 bool crear(Context &ctx, const char *ddl, const QString &target = kInternal)
 {
@@ -283,6 +291,10 @@ const Migracion kMigraciones[] = {
     {"Verifica de la existencia de la tabla Vendrix_Pagos", Sonda::tabla, "Vendrix_Pagos", "Internal",
      [](Context &c) { return crear(c, kPagos, QStringLiteral("Internal")); },
      "Se creó la tabla de [Vendrix_Pagos].", "se agrego la tabla Vendrix_Pagos."},
+    // Vendrix's own updates go after the older ones.
+    {"Verifica de la existencia de la tabla vendrix_carritos_abiertos", Sonda::tabla,
+     "vendrix_carritos_abiertos", "internal", [](Context &c) { return crear(c, kCarritosAbiertos); },
+     "Se creó la tabla de [vendrix_carritos_abiertos].", "se agrego la tabla vendrix_carritos_abiertos."},
 };
 
 bool existe(Context &ctx, const Migracion &m)
