@@ -7,9 +7,14 @@
 
 namespace vendrix::screens {
 
-TabChangos::TabChangos(Context &ctx, QWidget *lista, QWidget *parent) : QTabWidget(parent), ctx_(ctx)
+TabChangos::TabChangos(Context &ctx, QWidget *lista, QWidget *parent)
+    : QTabWidget(parent), ctx_(ctx), copias_(ctx)
 {
     setObjectName(QStringLiteral("TabChangos"));
+    // The carts left open last time come back before their pages show them
+    // and name their tabs.
+    copias_.restaurar(carritos_);
+    copias_.escuchar(carritos_);
     addTab(lista, QStringLiteral("Lista de Precios"));
     for (int n = 1; n <= Carritos::kCantidad; ++n) {
         auto *pagina = new CarritoTab(ctx_, carritos_.carrito(n), this);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sales/carritos.h"
+#include "sales/cart_store.h"
 
 #include <QTabWidget>
 
@@ -71,6 +72,8 @@ private:
 
     Context &ctx_;
     Carritos carritos_;
+    // After the carts: it stops listening to them before they go.
+    CartStore copias_;
     std::array<CarritoTab *, Carritos::kCantidad> paginas_{};
     int ultimo_carrito_ = 1; // the cart last on show
 };
