@@ -4,7 +4,9 @@
 #include "sales/carrito.h"
 #include "sales/operar_carrito.h"
 #include "sales/recalcular_carrito.h"
+#include "sales/stored_carts/cargar_carrito_guardado.h"
 #include "screens/controles_dialogo.h"
+#include "screens/stored_documents_dialog.h"
 #include "widgets/lynx_grid.h"
 
 #include <QHBoxLayout>
@@ -78,11 +80,14 @@ CarritoTab::CarritoTab(Context &ctx, Carrito &carrito, QWidget *parent)
     // One of the control array c_recalcular; its index is the cart's less one.
     QPushButton *recalcular = boton(this, QStringLiteral("c_recalcular"), QStringLiteral("Recalcular"));
     recalcular->setProperty("indice", carrito_.numero() - 1);
+    // Of the control array c_abrir, indexed the same way.
+    QPushButton *abrir = boton(this, QStringLiteral("c_abrir"), QStringLiteral("Abrir"));
+    abrir->setProperty("indice", carrito_.numero() - 1);
     facturar_ =
         boton(this, QStringLiteral("c") + n + QStringLiteral("_facturar"), QStringLiteral("Facturar"));
 
     auto *botones = new QHBoxLayout;
-    for (QPushButton *b : {agregar, eliminar, vaciar, recalcular})
+    for (QPushButton *b : {abrir, agregar, eliminar, vaciar, recalcular})
         botones->addWidget(b);
     botones->addStretch();
     botones->addWidget(total_);
@@ -95,6 +100,7 @@ CarritoTab::CarritoTab(Context &ctx, Carrito &carrito, QWidget *parent)
     connect(eliminar, &QPushButton::clicked, this, &CarritoTab::eliminar_linea);
     connect(vaciar, &QPushButton::clicked, this, &CarritoTab::vaciar);
     connect(recalcular, &QPushButton::clicked, this, &CarritoTab::recalcular);
+    connect(abrir, &QPushButton::clicked, this, &CarritoTab::abrir);
     connect(facturar_, &QPushButton::clicked, this, [this] {
         grilla_->CommitEdit();
         Q_EMIT facturar_pedido(carrito_.numero());
@@ -202,6 +208,17 @@ void CarritoTab::recalcular()
     grilla_->CommitEdit();
     if (confirmar_recalcular_carrito(ctx_, carrito_))
         mostrar();
+}
+
+void CarritoTab::abrir()
+{
+    grilla_->CommitEdit();
+    StoredDocumentsDialog lista(ctx_, this);
+    if (lista.exec() != QDialog::Accepted || lista.documento().isEmpty())
+        return;
+    // The cart's lines give way to the document's without a question.
+    cargar_carrito_guardado(ctx_, carrito_, lista.documento());
+    mostrar();
 }
 
 void CarritoTab::filtrar_tecla(int col, int &key) const

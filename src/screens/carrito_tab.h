@@ -45,6 +45,8 @@ private:
     void eliminar_linea();
     void vaciar();
     void recalcular();
+    // Opens a stored document into this cart.
+    void abrir();
     void filtrar_tecla(int col, int &key) const;
     void despues_de_editar(int row, int col, QString &value, bool &cancel);
     // The amounts and the total after an edit, leaving the rows in place.
