@@ -219,14 +219,20 @@ bool cargar_carrito_guardado(Context &ctx, Carrito &carrito, const QString &docu
 {
     ctx.estado().marcar_ocupado(true);
     ctx.escribir_log(QStringLiteral("Recuperando factura cabecera ID=") + documento_id, kInfo);
-    carrito.quitar_lineas();
-    // The mark goes at once: a restore that stops halfway must not leave
-    // the cart pointing at the document it held before.
-    carrito.set_marca_guardado({});
-    carrito.set_leyenda_extra({});
-    const std::optional<QString> error = restaurar(ctx, carrito, documento_id.toLongLong());
-    // The lines loaded so far stay, with their own total.
-    carrito.set_texto_total(redondear_precio(ctx, carrito.total()));
+    std::optional<QString> error;
+    {
+        // The whole restore is one change of the cart: its open copy is
+        // saved once, not once a line.
+        Carrito::Lote lote(carrito);
+        carrito.quitar_lineas();
+        // The mark goes at once: a restore that stops halfway must not leave
+        // the cart pointing at the document it held before.
+        carrito.set_marca_guardado({});
+        carrito.set_leyenda_extra({});
+        error = restaurar(ctx, carrito, documento_id.toLongLong());
+        // The lines loaded so far stay, with their own total.
+        carrito.set_texto_total(redondear_precio(ctx, carrito.total()));
+    }
     ctx.estado().marcar_ocupado(false);
     if (!error)
         return true;
