@@ -4,6 +4,7 @@
 #include "core/numeric.h"
 #include "core/validators.h"
 #include "sales/carritos.h"
+#include "sales/recording/sale_recording.h"
 #include "screens/filtro_teclas.h"
 #include "widgets/lynx_grid.h"
 
@@ -342,11 +343,32 @@ void FrmFacturar::accion(PasoVenta paso)
     mostrar();
 }
 
-void facturar_carrito(Context &ctx, Carritos &carritos, int numero, QWidget *parent)
+namespace {
+
+// What follows a sale on the screen. The dialog can't hide while it runs
+// modally (hiding ends it), so it is only out of reach while the device works.
+class SeguimientoPantalla final : public SeguimientoVenta {
+public:
+    explicit SeguimientoPantalla(QDialog &dialogo) : dialogo_(dialogo) {}
+    void ocultar_formulario() override { dialogo_.setEnabled(false); }
+    void mostrar_formulario() override { dialogo_.setEnabled(true); }
+
+private:
+    QDialog &dialogo_;
+};
+
+} // namespace
+
+void facturar_carrito(Context &ctx, Carritos &carritos, int numero, FiscalFront &front, QWidget *parent)
 {
     if (!carrito_para_facturar(ctx, carritos.carrito(numero)))
         return;
     FrmFacturar dialogo(ctx, carritos, numero, parent);
+    SeguimientoPantalla seguimiento(dialogo);
+    QObject::connect(&dialogo, &FrmFacturar::registrar_venta, &dialogo, [&](PasoVenta paso) {
+        if (imprimir_y_guardar(ctx, front, dialogo.logica(), carritos, opciones_de(paso), seguimiento))
+            dialogo.accept();
+    });
     dialogo.exec();
 }
 

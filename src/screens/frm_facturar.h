@@ -14,6 +14,7 @@ class QPushButton;
 namespace vendrix {
 class Carritos;
 class Context;
+class FiscalFront;
 } // namespace vendrix
 
 namespace vendrix::widgets {
@@ -83,7 +84,8 @@ private:
 };
 
 // The carts' "Facturar": the dialog on cart `numero`, unless the cart is
-// empty or its total is zero (then its message).
-void facturar_carrito(Context &ctx, Carritos &carritos, int numero, QWidget *parent);
+// empty or its total is zero (then its message). Its actions record the
+// sale through `front`; a recorded sale closes the dialog.
+void facturar_carrito(Context &ctx, Carritos &carritos, int numero, FiscalFront &front, QWidget *parent);
 
 } // namespace vendrix::screens

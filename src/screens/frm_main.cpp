@@ -8,6 +8,7 @@
 #include "core/status_indicators.h"
 #include "fiscal/front/fiscal_front.h"
 #include "sales/carritos.h"
+#include "screens/carrito_tab.h"
 #include "screens/config_precios.h"
 #include "screens/frm_facturar.h"
 #include "screens/frm_log.h"
@@ -167,8 +168,11 @@ QWidget *FrmMain::crear_pestana_listas()
     carritos_ = new screens::TabChangos(ctx_, listas_, page);
     layout->addWidget(carritos_);
     listas_->conectar_carritos(carritos_);
-    connect(carritos_, &screens::TabChangos::facturar_pedido, this,
-            [this](int numero) { screens::facturar_carrito(ctx_, carritos_->carritos(), numero, this); });
+    connect(carritos_, &screens::TabChangos::facturar_pedido, this, [this](int numero) {
+        screens::facturar_carrito(ctx_, carritos_->carritos(), numero, *front_, this);
+        // A recorded sale has emptied its cart.
+        carritos_->pagina(numero)->mostrar();
+    });
     connect(listas_, &screens::PaginaListas::busquedaPedida, busqueda_, &screens::TabListas::buscar);
 
     // The search around the grid: the panel is emptied first; a single

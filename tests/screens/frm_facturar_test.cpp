@@ -35,7 +35,7 @@ protected:
     std::unique_ptr<FrmMain> window;
 };
 
-TEST_F(Checkout, AFinalConsumerPayingCashReachesTheRecording)
+TEST_F(Checkout, AFinalConsumerPayingCashIsRecorded)
 {
     bool abierto = false;
     en_el_dialogo<FrmFacturar>([&](FrmFacturar &d) {
@@ -60,7 +60,10 @@ TEST_F(Checkout, AFinalConsumerPayingCashReachesTheRecording)
     });
     facturar("5|Tornillo 1/4|250,1|1250,5|21|1");
     EXPECT_TRUE(abierto);
-    EXPECT_TRUE(app.op.empty());
+    // The sale is stored and its cart, on screen too, is empty.
+    EXPECT_EQ(app.op.texts(), QStringList{"Se guardó la venta correctamente."});
+    EXPECT_EQ(app.db().execQ1("SELECT count(*) FROM vendrix_factura_items", "cliente"), "1");
+    EXPECT_EQ(window->carritos()->pagina(1)->caja_total()->text(), "");
     EXPECT_TRUE(app.log_messages().contains("La factura hay que guardarla solamente (no hay necesidad de "
                                             "imprimirla)."));
 }
