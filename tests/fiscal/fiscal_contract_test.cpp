@@ -31,7 +31,8 @@ struct Mostrador : ImpresoraEmulada {
 // the first that answers False, or "" when all go through.
 QString vender(FiscalFront &f)
 {
-    DocumentoFiscal doc{"C", "", "", "", "", "F", "M", false, ""};
+    // A final consumer who gave no data, as the sale hands it over.
+    DocumentoFiscal doc{"C", "CONSUMIDOR FINAL", "", "CUIT", "0", "F", "M", false, ""};
     ItemFiscal yerba{"Yerba 1kg", "2", "1500.50", "F", 21};
     ItemFiscal pan{"Pan", "0.75", "1200", "F", 10.5};
     CierreFiscal cierre{"C", "GRACIAS POR SU COMPRA", "", false, 0, 0};
@@ -53,6 +54,7 @@ QString vender(FiscalFront &f)
 }
 
 const QStringList kTicket = {"TIQUE FACTURA \"C\" Nro. 00000001",
+                             "CONSUMIDOR FINAL",
                              "A CONSUMIDOR FINAL",
                              "Kiosco Doña Pepa",
                              "Av. Siempre Viva 742",
@@ -156,7 +158,7 @@ TEST(FiscalContract, PrinterFaultsEndInTheOperationsBoxOrAreRecovered)
             EXPECT_TRUE(m.app.op.empty());
             // Re-sends and repeated replies print nothing twice.
             EXPECT_EQ(m.emulador.diario().mid(0, kTicket.size()), kTicket);
-            EXPECT_EQ(m.emulador.diario().count(kTicket.at(5)), 1);
+            EXPECT_EQ(m.emulador.diario().count(kTicket.at(6)), 1);
             continue;
         }
         EXPECT_EQ(m.app.op.lines(),

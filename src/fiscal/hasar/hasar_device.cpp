@@ -116,7 +116,11 @@ void HasarDevice::abrir(DocumentoFiscal &doc)
 {
     asegurar_conexion();
     int tipo = doc.tipo_doc == QLatin1String("CUIT") ? kDocCuit : kDocDni;
-    const bool faltan_datos = doc.tipo_doc.isEmpty() || doc.numero_doc.isEmpty();
+    // The sale hands a final consumer who gave no document as number "0".
+    const QString sin_guiones = QString(doc.numero_doc).remove(QLatin1Char('-')).trimmed();
+    const bool sin_numero =
+        sin_guiones.isEmpty() || sin_guiones.count(QLatin1Char('0')) == sin_guiones.size();
+    const bool faltan_datos = doc.tipo_doc.isEmpty() || sin_numero;
     if (doc.domicilio.isEmpty())
         doc.domicilio = QStringLiteral(" ");
     if (doc.numero_doc.isEmpty())
