@@ -1,4 +1,5 @@
 // The checkout dialog, opened from a cart of the main window.
+#include "fiscal/emulator/hasar_emulator.h"
 #include "sales/tienda.h"
 #include "screens/carrito_tab.h"
 #include "screens/frm_facturar.h"
@@ -6,6 +7,7 @@
 #include "screens/pantalla.h"
 #include "screens/tab_changos.h"
 
+#include <QCheckBox>
 #include <QSignalSpy>
 
 namespace vendrix::screens {
@@ -66,6 +68,36 @@ TEST_F(Checkout, AFinalConsumerPayingCashIsRecorded)
     EXPECT_EQ(window->carritos()->pagina(1)->caja_total()->text(), "");
     EXPECT_TRUE(app.log_messages().contains("La factura hay que guardarla solamente (no hay necesidad de "
                                             "imprimirla)."));
+}
+
+// The counter with a printer: the emulated Hasar on its pseudo-terminal. With
+// the detail unchecked the ticket is one "Varios" line.
+TEST_F(Checkout, ASaleOnTheHasarPrinterLeavesTheTicketAndTheDocument)
+{
+    HasarEmulator emulador(HasarEmulator::Opciones{9, 'M', 50});
+    emulador.iniciar();
+    ajuste("impresora_fiscal", "1");
+    ajuste("IF_Modelo", "Hasar");
+    ajuste("IF_Port", emulador.ruta());
+    ajuste("IF_velocidad", "9600");
+    ajuste("IF_tipo_IVA", "M - RESPONSABLE MONOTRIBUTO");
+    window = std::make_unique<FrmMain>(app.ctx());
+    en_el_dialogo<FrmFacturar>([&](FrmFacturar &d) {
+        EXPECT_TRUE(hijo<QCheckBox>(d, "Check_Imprimir")->isChecked());
+        hijo<QComboBox>(d, "Combo_FdP")->setFocus();
+        QTest::keyClick(hijo<QComboBox>(d, "Combo_FdP"), Qt::Key_Return);
+        if (d.isVisible()) // the sale failed: the dialog stays for another try
+            QTest::keyClick(&d, Qt::Key_Escape);
+    });
+    facturar("5|Tornillo 1/4|250,1|1250,5|21|1");
+    EXPECT_EQ(app.op.lines(), QStringList{"inform|Impresión Correcta|Se imprimio el Ticket Factura 1"});
+    const QStringList diario = emulador.diario();
+    EXPECT_TRUE(diario.contains("Varios               (21.00)   $ 1250.50"))
+        << diario.join('\n').toStdString();
+    EXPECT_TRUE(diario.contains("TOTAL                          $ 1250.50"));
+    EXPECT_EQ(
+        app.db().execQ1("SELECT letra || '|' || Total || '|' || count(*) FROM vendrix_facturas", "cliente"),
+        "C|1250.5|1");
 }
 
 TEST_F(Checkout, ACartWorthNothingIsntCheckedOut)
