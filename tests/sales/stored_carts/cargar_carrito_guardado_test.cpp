@@ -22,7 +22,8 @@ protected:
         carrito.agregar_linea(linea("9|Viejo|1|9|21|0|0|0|0|0||0|"));
         carrito.set_marca_guardado("Carrito guardado: 251231-235959");
         return cargar_carrito_guardado(
-            app.ctx(), carrito, test::guardar_documento(app.db(), tipo, referencia, descuento, forma, items));
+            app.ctx(), carrito,
+            test::guardar_documento(app.ctx(), tipo, referencia, descuento, forma, items));
     }
 
     Carrito carrito{3};
