@@ -130,7 +130,6 @@ TEST_F(RegistroTest, TheStoredFiguresFollowTheFactorsAndTheSign)
                 app.op.texts(),
             esperado)
             << dh << forma;
-        EXPECT_TRUE(carritos.carrito(1).vacio());
         llenar();
     }
 }
@@ -176,9 +175,7 @@ TEST_F(RegistroTest, APrinterFailingAtAnyStepStoresNothing)
 {
     for (const char *paso : {"conectar", "abrir", "agregar", "cerrar"}) {
         falla = paso;
-        registro.clear();
         EXPECT_FALSE(registrar(kImprimir)) << paso;
-        EXPECT_TRUE(registro.last().startsWith(paso)) << paso;
         EXPECT_EQ(cuantos(), "0/0");
         EXPECT_EQ(carritos.carrito(1).filas(), 2);
         EXPECT_EQ(app.op.shown.size(), 1u);
