@@ -23,7 +23,7 @@ protected:
 TEST_F(Copias, OpenCartsComeBackAfterAKillWithTheirNamesAndCaptions)
 {
     QProcess proceso;
-    proceso.start(VENDRIX_OPEN_CART_PROCESS, {app.carpeta()});
+    proceso.start(VENDRIX_KILLED_PROCESS, {app.carpeta(), "carrito"});
     // It tells each quantity once stored, and is killed a little later,
     // anywhere in its work.
     int guardada = 0;

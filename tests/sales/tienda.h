@@ -4,6 +4,7 @@
 // replaced by a small one of Acme's, IVA at 0 so that a final price is the
 // list price.
 #include "catalogue/support/shop_fixture.h"
+#include "core/db_helpers.h"
 #include "sales/articulo_carrito.h"
 #include "sales/carrito.h"
 
@@ -67,12 +68,8 @@ protected:
     // The rows of the units memory, as "supplier|code|units".
     QStringList unidades_guardadas()
     {
-        const Matrix m = app.db().execQ_matriz(
-            "SELECT Proveedor, Codigo, Unidades FROM vendrix_unidades_articulo", QStringLiteral("cliente"));
-        QStringList out;
-        for (int fila = 0; fila < m.filas(); ++fila)
-            out << m.fila(fila).join(QLatin1Char('|'));
-        return out;
+        return filas(app.db(), "SELECT Proveedor, Codigo, Unidades FROM vendrix_unidades_articulo",
+                     "cliente");
     }
 
     // A cart line from its thirteen cells, given as one text split at "|".

@@ -15,9 +15,9 @@ class AbrirCarrito : public test::Tienda {};
 
 TEST_F(AbrirCarrito, PickingADocumentInTheListFillsTheCart)
 {
-    test::guardar_documento(app.db(), "Factura a emitir", "261119-180000", 0, "Efectivo",
+    test::guardar_documento(app.ctx(), "Factura a emitir", "261119-180000", 0, "Efectivo",
                             {{"Acme", "T1", "T", 1, 600}});
-    test::guardar_documento(app.db(), "Carrito", "261120-091500", 0, "Efectivo",
+    test::guardar_documento(app.ctx(), "Carrito", "261120-091500", 0, "Efectivo",
                             {{"Acme", "T2", "T", 2, 2000}});
     Carrito carrito(2);
     CarritoTab tab(app.ctx(), carrito);

@@ -1,14 +1,9 @@
 #include "sales/tienda.h"
 
-#include <chrono>
+#include <QProcess>
+#include <QThread>
+
 #include <random>
-#include <thread>
-
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
-
-extern char **environ;
 
 namespace vendrix {
 namespace {
@@ -19,17 +14,15 @@ TEST_F(RegistroMatado, AfterEachKillEveryDocumentIsWholeAndTheFileSound)
 {
     for (const char *a : {"IF_max_efectivo=9999", "IF_max_tarjeta=9999", "IF_Modelo=Sin impresora"})
         ajuste(QString(a).section('=', 0, 0).toUtf8(), QString(a).section('=', 1));
-    const QByteArray carpeta = app.carpeta().toLocal8Bit();
-    char *args[] = {const_cast<char *>(VENDRIX_RECORDING_LOOP), const_cast<char *>(carpeta.constData()),
-                    nullptr};
     std::mt19937 azar(15);
     QString documentos;
     for (int vez = 0; vez < 20; ++vez) {
-        pid_t pid = 0;
-        ASSERT_EQ(posix_spawn(&pid, args[0], nullptr, nullptr, args, environ), 0);
-        std::this_thread::sleep_for(std::chrono::milliseconds(std::uniform_int_distribution(60, 400)(azar)));
-        kill(pid, SIGKILL);
-        waitpid(pid, nullptr, 0);
+        QProcess proceso;
+        proceso.start(VENDRIX_KILLED_PROCESS, {app.carpeta(), "ventas"});
+        ASSERT_TRUE(proceso.waitForStarted());
+        QThread::msleep(std::uniform_int_distribution(60, 400)(azar));
+        proceso.kill();
+        proceso.waitForFinished();
 
         // A connection of its own, as at the next start: an interrupted
         // transaction is rolled back.

@@ -1,10 +1,9 @@
 #pragma once
 
-// Stored documents for the tests, written as a sale or "Guardar Carrito"
-// leaves them in the shop database.
-#include "core/database.h"
-
-#include <gtest/gtest.h>
+// Stored documents for the tests, written by the sale recorder's own store as
+// a sale or "Guardar Carrito" leaves them in the shop database.
+#include "core/context.h"
+#include "sales/recording/document_store.h"
 
 namespace vendrix::test {
 
@@ -16,26 +15,24 @@ struct ItemGuardado {
 };
 
 // Stores a document of a customer without a business name; its ID.
-inline QString guardar_documento(Database &db, const QString &tipo, const QString &referencia,
+inline QString guardar_documento(Context &ctx, const QString &tipo, const QString &referencia,
                                  double descuento, const QString &forma,
                                  const std::vector<ItemGuardado> &items)
 {
-    const QString t = "clientes";
-    EXPECT_TRUE(
-        db.execNQ("INSERT INTO vendrix_facturas (nro_ticket, fecha, letra, tipo, cliente, razon_social, "
-                  "Total_facturado, Descuento_habitual, forma_de_pago, nro_referencia) VALUES (1, "
-                  "'20/11/2026 09:15:00', 'B', ?, 'F - CONSUMIDOR FINAL', '', ?, ?, ?, ?)",
-                  t, {tipo, items.at(0).precio_final, descuento, forma, referencia}));
-    const qint64 id = db.ultimo_id(t);
+    DocumentoVenta doc;
+    CabeceraFactura &c = doc.cabecera;
+    c.fecha = QDateTime(QDate(2026, 11, 20), QTime(9, 15));
+    c.letra = "B";
+    c.tipo = tipo;
+    c.cliente = "F - CONSUMIDOR FINAL";
+    c.total = c.total_facturado = items.at(0).precio_final;
+    c.descuento_habitual = descuento;
+    c.forma_de_pago = forma;
+    c.nro_referencia = referencia;
     for (const ItemGuardado &i : items)
-        EXPECT_TRUE(db.execNQ(
-            "INSERT INTO vendrix_factura_items (Factura_Id, Offset, Proveedor, Codigo, Descripcion, "
-            "Costo_siva, venta_siva, cantidad, iva, Precio_final, descripcion_nueva, ganancia, "
-            "descuento) VALUES (?, ?, ?, ?, ?, 384.62, 0, ?, 21, ?, ?, 30, 10)",
-            t,
-            {id, qint64(&i - items.data()), i.proveedor, i.codigo, i.descripcion, i.cantidad, i.precio_final,
-             QString::fromUtf8(i.descripcion) + " (escrito)"}));
-    return QString::number(id);
+        doc.items.push_back({i.proveedor, i.codigo, i.descripcion, 384.62, 0, i.cantidad, 21, i.precio_final,
+                             QString::fromUtf8(i.descripcion) + " (escrito)", 30, 10});
+    return QString::number(vendrix::guardar_documento(ctx, doc));
 }
 
 } // namespace vendrix::test
