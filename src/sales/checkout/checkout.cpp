@@ -21,6 +21,11 @@ const QString kTituloErrorDatos = QStringLiteral("Error en los datos");
 
 } // namespace
 
+QString nueva_referencia(const Clock &clock)
+{
+    return clock.now().toString(QStringLiteral("yyMMdd-HHmmss"));
+}
+
 QStringList condiciones_iva()
 {
     return {kConsumidorFinal,
@@ -100,7 +105,7 @@ void Checkout::cargar_formulario()
     vista_.Label_total = texto_numero(redondear(total_carrito(c), 2));
 
     if (c.marca_guardado().isEmpty()) {
-        vista_.Text_referenciaExterna = ctx_.reloj().now().toString(QStringLiteral("yyMMdd-HHmmss"));
+        vista_.Text_referenciaExterna = nueva_referencia(ctx_.reloj());
     } else {
         vista_.Text_referenciaExterna = QString(c.marca_guardado()).remove(kPrefijoCarritoGuardado);
         log(QStringLiteral("Se intenta recuperar un carrito con ID = ") + vista_.Text_referenciaExterna);

@@ -9,12 +9,17 @@
 
 namespace vendrix {
 
+class Clock;
+
 class Carrito;
 class Carritos;
 class Context;
 
 // The fixed items of the IVA condition and document type combos.
 inline const QString kConsumidorFinal = QStringLiteral("F - CONSUMIDOR FINAL");
+// A document's reference number from the clock: YYMMDD-HHNNSS.
+QString nueva_referencia(const Clock &clock);
+
 QStringList condiciones_iva();
 QStringList tipos_documento();
 

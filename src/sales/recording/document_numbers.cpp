@@ -34,9 +34,4 @@ qint64 proximo_nro_ticket(const Context &ctx, const QString &letra, const QStrin
     return numero;
 }
 
-QString nueva_referencia(const Clock &clock)
-{
-    return clock.now().toString(QStringLiteral("yyMMdd-HHmmss"));
-}
-
 } // namespace vendrix

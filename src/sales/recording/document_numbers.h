@@ -4,7 +4,6 @@
 
 namespace vendrix {
 
-class Clock;
 class Context;
 
 // The letter of a document and whether it shows the IVA apart.
@@ -23,8 +22,5 @@ LetraComprobante letra_comprobante(const Context &ctx, const QString &condicion_
 // `IF_nc_A`...; empty reads 1) and move it on; every other type is number 1
 // and moves nothing.
 qint64 proximo_nro_ticket(const Context &ctx, const QString &letra, const QString &tipo);
-
-// A reference number from the clock: YYMMDD-HHNNSS.
-QString nueva_referencia(const Clock &clock);
 
 } // namespace vendrix
