@@ -1,6 +1,7 @@
 #include "core/db_helpers.h"
 #include "core/numeric.h"
 #include "core/rows.h"
+#include "fiscal/front/fake_device.h"
 #include "fiscal/front/fiscal_front.h"
 #include "sales/carritos.h"
 #include "sales/recording/sale_recording.h"
@@ -8,37 +9,6 @@
 
 namespace vendrix {
 namespace {
-
-// A printer that notes each call with the figures a ticket shows, and fails
-// at the step named in `falla`.
-struct Impresora final : FiscalDevice {
-    Impresora(QStringList &r, const QString &f) : registro(r), falla(f) {}
-    void paso(const QString &p)
-    {
-        registro << p;
-        if (!falla.isEmpty() && p.startsWith(falla))
-            throw FiscalError(7, QStringLiteral("Sin papel"));
-    }
-    void conectar() override { paso("conectar"); }
-    void abrir(DocumentoFiscal &d) override
-    {
-        paso("abrir " + d.letra + " " + d.nombre + " " + d.numero_doc);
-    }
-    void agregar(ItemFiscal &i) override
-    {
-        paso("agregar " + i.descripcion + " " + i.cantidad + " " +
-             QString::number(valor_texto(i.precio), 'f', 2));
-    }
-    void cerrar(CierreFiscal &c) override { paso("cerrar " + QString::number(c.pago_credito)); }
-    void desconectar() override {}
-    void configurar() override {}
-    QString probar() override { return {}; }
-    std::optional<std::pair<int, QString>> modelo() override { return {}; }
-    void cierre_x() override {}
-    void cierre_z() override {}
-    QStringList &registro;
-    const QString &falla;
-};
 
 class RegistroTest : public test::Tienda {
 protected:
@@ -87,8 +57,9 @@ protected:
 
     QStringList registro;
     QString falla;
-    FiscalFront front{
-        app.ctx(), [this](FamiliaFiscal, Context &) { return std::make_unique<Impresora>(registro, falla); }};
+    FiscalFront front{app.ctx(), [this](FamiliaFiscal, Context &) {
+                          return std::make_unique<test::FakeDevice>(registro, falla, true);
+                      }};
     Carritos carritos;
 };
 

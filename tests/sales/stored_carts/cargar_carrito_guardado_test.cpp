@@ -1,12 +1,40 @@
 // A stored document back into a cart: the prices without the discount and
 // today's card surcharge, the links to the price list, the saved-cart mark,
 // and what a failure leaves.
+#include "sales/recording/document_store.h"
 #include "sales/stored_carts/cargar_carrito_guardado.h"
-#include "sales/stored_carts/documento_guardado.h"
 #include "sales/tienda.h"
 
 namespace vendrix {
 namespace {
+
+// A line: supplier, code, description, quantity, amount. The operator's own
+// description is the catalogue's with " (escrito)".
+struct ItemGuardado {
+    const char *proveedor, *codigo, *descripcion;
+    double cantidad, precio_final;
+};
+
+// Stores a document of a customer without a business name, by the sale
+// recorder's own store; its ID.
+QString guardar_documento(Context &ctx, const QString &tipo, const QString &referencia, double descuento,
+                          const QString &forma, const std::vector<ItemGuardado> &items)
+{
+    DocumentoVenta doc;
+    CabeceraFactura &c = doc.cabecera;
+    c.fecha = QDateTime(QDate(2026, 11, 20), QTime(9, 15));
+    c.letra = "B";
+    c.tipo = tipo;
+    c.cliente = "F - CONSUMIDOR FINAL";
+    c.total = c.total_facturado = items.at(0).precio_final;
+    c.descuento_habitual = descuento;
+    c.forma_de_pago = forma;
+    c.nro_referencia = referencia;
+    for (const ItemGuardado &i : items)
+        doc.items.push_back({i.proveedor, i.codigo, i.descripcion, 384.62, 0, i.cantidad, 21, i.precio_final,
+                             QString::fromUtf8(i.descripcion) + " (escrito)", 30, 10});
+    return QString::number(vendrix::guardar_documento(ctx, doc));
+}
 
 class CarritoGuardado : public test::Tienda {
 protected:
@@ -14,7 +42,7 @@ protected:
     CarritoGuardado() : Tienda(true) {}
 
     bool cargar(const QString &tipo, const QString &referencia, double descuento, const QString &forma,
-                const std::vector<test::ItemGuardado> &items)
+                const std::vector<ItemGuardado> &items)
     {
         QFile::remove(app.ruta("vendrix.log"));
         app.op.clear();
@@ -22,8 +50,7 @@ protected:
         carrito.agregar_linea(linea("9|Viejo|1|9|21|0|0|0|0|0||0|"));
         carrito.set_marca_guardado("Carrito guardado: 251231-235959");
         return cargar_carrito_guardado(
-            app.ctx(), carrito,
-            test::guardar_documento(app.ctx(), tipo, referencia, descuento, forma, items));
+            app.ctx(), carrito, guardar_documento(app.ctx(), tipo, referencia, descuento, forma, items));
     }
 
     Carrito carrito{3};
