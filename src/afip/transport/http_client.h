@@ -19,6 +19,7 @@ struct RespuestaHttp {
     int estado = 0;  // HTTP status
     QString texto;   // the body, UTF-8
     QString error;   // why no answer came, in Spanish (time-out, TLS, host)
+    int codigo = 0;  // the transport's number for that failure (QNetworkReply's)
 };
 
 // One POST at a time, blocking for the caller. The program's client runs
