@@ -12,7 +12,6 @@
 #include <QXmlStreamReader>
 
 #include <exception>
-#include <optional>
 #include <stdexcept>
 
 namespace vendrix {
@@ -51,33 +50,50 @@ private:
     StatusSink &estado_;
 };
 
-// The last address a person has: the `direccion` and the
-// `descripcionProvincia` of the last `domicilio` of the answer, or none.
-struct Domicilio {
+// What the register's answer says of the person: the first of each name
+// element and AFIP's fault text, "N/A" when missing, and the `direccion`
+// and `descripcionProvincia` of the last `domicilio` listed. Values come
+// with XML's escapes undone.
+struct Persona {
+    QString nombre = kNoDisponible;
+    QString apellido = kNoDisponible;
+    QString razon_social = kNoDisponible;
     QString direccion = kNoDisponible;
     QString provincia = kNoDisponible;
+    QString falla = kNoDisponible;
 };
 
-std::optional<Domicilio> ultimo_domicilio(const QString &respuesta)
+Persona leer_persona(const QString &respuesta)
 {
-    std::optional<Domicilio> ultimo;
+    Persona p;
+    const std::pair<const char *, QString Persona::*> primeros[] = {{"nombre", &Persona::nombre},
+                                                                    {"apellido", &Persona::apellido},
+                                                                    {"razonSocial", &Persona::razon_social},
+                                                                    {"faultstring", &Persona::falla}};
     QXmlStreamReader xml(respuesta);
-    std::optional<Domicilio> actual;
+    bool en_domicilio = false;
     while (!xml.atEnd()) {
         xml.readNext();
-        if (xml.isStartElement()) {
-            if (xml.name() == QLatin1String("domicilio"))
-                actual.emplace();
-            else if (actual && xml.name() == QLatin1String("direccion"))
-                actual->direccion = xml.readElementText();
-            else if (actual && xml.name() == QLatin1String("descripcionProvincia"))
-                actual->provincia = xml.readElementText();
-        } else if (xml.isEndElement() && xml.name() == QLatin1String("domicilio") && actual) {
-            ultimo = actual;
-            actual.reset();
+        if (xml.isEndElement() && xml.name() == QLatin1String("domicilio"))
+            en_domicilio = false;
+        if (!xml.isStartElement())
+            continue;
+        const auto nombre = xml.name();
+        if (nombre == QLatin1String("domicilio")) {
+            // A later address replaces the one in hand, field by field.
+            en_domicilio = true;
+            p.direccion = p.provincia = kNoDisponible;
+        } else if (en_domicilio && nombre == QLatin1String("direccion")) {
+            p.direccion = xml.readElementText();
+        } else if (en_domicilio && nombre == QLatin1String("descripcionProvincia")) {
+            p.provincia = xml.readElementText();
+        } else {
+            for (const auto &[tag, campo] : primeros)
+                if (nombre == QLatin1String(tag) && p.*campo == kNoDisponible)
+                    p.*campo = xml.readElementText();
         }
     }
-    return ultimo;
+    return p;
 }
 
 void log(Context &ctx, const QString &mensaje, const char *nivel = "I")
@@ -119,21 +135,18 @@ void consultar(ServiciosAfip &s, Checkout &checkout)
     if (respuesta.startsWith(QLatin1String("Error: ")))
         throw std::runtime_error(respuesta.toStdString());
 
-    QString nombre = leer_tag(QStringLiteral("nombre"), respuesta) + QLatin1Char(' ') +
-                     leer_tag(QStringLiteral("apellido"), respuesta);
+    const Persona persona = leer_persona(respuesta);
+    QString nombre = persona.nombre + QLatin1Char(' ') + persona.apellido;
     // A company has a name of its own instead.
     if (nombre.contains(kNoDisponible))
-        nombre = leer_tag(QStringLiteral("razonSocial"), respuesta);
-    const Domicilio domicilio = ultimo_domicilio(respuesta).value_or(
-        Domicilio{leer_tag(QStringLiteral("direccion"), respuesta),
-                  leer_tag(QStringLiteral("descripcionProvincia"), respuesta)});
+        nombre = persona.razon_social;
     nombre = html_a_texto(nombre);
-    const QString direccion = html_a_texto(domicilio.direccion);
-    const QString localidad = html_a_texto(domicilio.provincia);
+    const QString direccion = html_a_texto(persona.direccion);
+    const QString localidad = html_a_texto(persona.provincia);
 
     if ((nombre + direccion + localidad).contains(kNoDisponible)) {
         const QString texto = QStringLiteral("No se encontraron datos en AFIP asociados al CUIT '") + cuit +
-                              QStringLiteral("'.\r\n") + leer_tag(QStringLiteral("faultstring"), respuesta);
+                              QStringLiteral("'.\r\n") + persona.falla;
         ctx.op().warn(QStringLiteral("No se encontraron datos"), texto);
         log(ctx, texto);
         return;
