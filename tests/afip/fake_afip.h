@@ -13,7 +13,7 @@
 namespace vendrix::test {
 
 // An HTTPS client that records each request and gives the scripted answers
-// in order; with none left it gives a time-out.
+// in order; with none left it times out.
 class FakeHttp final : public ClienteHttp {
 public:
     RespuestaHttp post(const PeticionHttp &p) override
@@ -21,36 +21,31 @@ public:
         peticiones.push_back(p);
         if (respuestas.empty())
             return {false, 0, {}, QStringLiteral("Se agotó el tiempo de espera")};
-        RespuestaHttp r = respuestas.front();
+        const QString texto = respuestas.front();
         respuestas.pop_front();
-        return r;
+        return {true, 200, texto, {}};
     }
-    void responder(const QString &texto) { respuestas.push_back({true, 200, texto, {}}); }
 
-    std::deque<RespuestaHttp> respuestas;
+    std::deque<QString> respuestas;
     std::vector<PeticionHttp> peticiones;
 };
 
-// WSAA's answer with the ticket escaped inside; an empty value leaves its
-// element out.
-inline QString respuesta_wsaa(const QString &generacion, const QString &vence, const QString &token,
-                              const QString &sign)
+// WSAA's answer, the ticket escaped inside; "G|E|T|S" gives the four
+// values, an empty one leaves its element out.
+inline QString respuesta_wsaa(const QString &valores)
 {
-    const auto elemento = [](const char *tag, const QString &v) {
-        return v.isEmpty() ? QString() : QStringLiteral("&lt;%1&gt;%2&lt;/%1&gt;").arg(QLatin1String(tag), v);
-    };
-    return QStringLiteral("<soapenv:Envelope><soapenv:Body><loginCmsResponse><loginCmsReturn>"
-                          "&lt;loginTicketResponse&gt;&lt;header&gt;") +
-           elemento("generationTime", generacion) + elemento("expirationTime", vence) +
-           QStringLiteral("&lt;/header&gt;&lt;credentials&gt;") + elemento("token", token) +
-           elemento("sign", sign) +
-           QStringLiteral("&lt;/credentials&gt;&lt;/loginTicketResponse&gt;</loginCmsReturn>"
-                          "</loginCmsResponse></soapenv:Body></soapenv:Envelope>");
+    const QStringList v = valores.split(QLatin1Char('|'));
+    QString r = QStringLiteral("<loginCmsReturn>&lt;loginTicketResponse&gt;");
+    const char *tags[] = {"generationTime", "expirationTime", "token", "sign"};
+    for (int i = 0; i < 4; ++i)
+        if (!v[i].isEmpty())
+            r += QStringLiteral("&lt;%1&gt;%2&lt;/%1&gt;").arg(QLatin1String(tags[i]), v[i]);
+    return r + QStringLiteral("&lt;/loginTicketResponse&gt;</loginCmsReturn>");
 }
 
-// A shop set for electronic invoicing against a fake AFIP: the delivered
-// templates in its folder, a signer that signs anything, a certificate
-// that ends a year from the test clock, and a network that is there.
+// A shop set for electronic invoicing against a scripted AFIP: the
+// delivered templates, a signer that signs anything (fails with no `der`),
+// a certificate ending a year after the test clock, a network.
 struct AfipFixture {
     AfipFixture()
     {
@@ -59,11 +54,7 @@ struct AfipFixture {
             plantilla.open(QIODevice::ReadOnly);
             app.write_file(QLatin1String(f), plantilla.readAll());
         }
-        app.ctx().escribir_parametro(QStringLiteral("IF_FE_Certificado"),
-                                     app.ruta(QStringLiteral("cert.crt")));
-        app.ctx().escribir_parametro(QStringLiteral("IF_FE_Password"), app.ruta(QStringLiteral("cert.key")));
-        app.ctx().escribir_parametro(QStringLiteral("FE_servidor_pruebas"),
-                                     QStringLiteral("https://127.0.0.1:8443"));
+        app.ctx().escribir_parametro("FE_servidor_pruebas", "https://127.0.0.1:8443");
     }
 
     TestApp app;
@@ -71,18 +62,16 @@ struct AfipFixture {
     QByteArray der = QByteArray(100, 'S');
     QDateTime fin_certificado = app.clock.now().addYears(1);
     bool internet = true;
-    ServiciosAfip s{
-        app.ctx(), http,
-        [this](const QByteArray &, const QString &, const QString &) {
-            return FirmaCms{der, der.isEmpty() ? QStringLiteral("No se pudo leer la llave 'cert.key'.")
-                                               : QString()};
-        },
-        [this](const QString &) {
-            return fin_certificado.isValid()
-                       ? VencimientoCertificado{fin_certificado, {}}
-                       : VencimientoCertificado{std::nullopt, QStringLiteral("Certificado ilegible")};
-        },
-        [this] { return internet; }};
+    ServiciosAfip s{app.ctx(), http,
+                    [this](const QByteArray &, const QString &, const QString &) {
+                        return FirmaCms{der, QStringLiteral("No se pudo leer la llave 'cert.key'.")};
+                    },
+                    [this](const QString &) {
+                        return VencimientoCertificado{
+                            fin_certificado.isValid() ? std::optional(fin_certificado) : std::nullopt,
+                            "ilegible"};
+                    },
+                    [this] { return internet; }};
 };
 
 } // namespace vendrix::test
