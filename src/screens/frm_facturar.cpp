@@ -1,5 +1,8 @@
 #include "screens/frm_facturar.h"
 
+#include "afip/auth/afip_services.h"
+#include "afip/lookup/taxpayer_lookup.h"
+#include "afip/transport/qt_http_client.h"
 #include "core/context.h"
 #include "core/numeric.h"
 #include "core/validators.h"
@@ -193,6 +196,12 @@ QWidget *FrmFacturar::grupo_cliente()
         mostrar();
     });
     connect(Command_agregarrs_, &QPushButton::clicked, this, [this] { logica_.agregar_cliente(); });
+    connect(Command_recuperar_datos_CUIT_, &QPushButton::clicked, this, [this] {
+        ClienteHttpQt http(ctx_);
+        ServiciosAfip servicios{ctx_, http};
+        recuperar_datos_CUIT(servicios, logica_);
+        mostrar();
+    });
     return grupo;
 }
 

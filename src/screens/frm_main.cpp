@@ -1,5 +1,8 @@
 #include "screens/frm_main.h"
 
+#include "afip/auth/afip_services.h"
+#include "afip/auth/connection_report.h"
+#include "afip/transport/qt_http_client.h"
 #include "catalogue/search/list_search.h"
 #include "catalogue/search/search_box_keys.h"
 #include "core/context.h"
@@ -87,6 +90,12 @@ FrmMain::FrmMain(Context &ctx, QWidget *parent)
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Vendrix"));
+    // In electronic mode the printer test is the AFIP connection report.
+    front_->set_prueba_electronica([this] {
+        ClienteHttpQt http(ctx_);
+        ServiciosAfip servicios{ctx_, http};
+        return AFIP_reporte_conexion(servicios);
+    });
 
     auto *central = new QWidget(this);
     auto *layout = new QVBoxLayout(central);

@@ -124,6 +124,8 @@ bool FiscalFront::IF_Test()
                                  "ERR TEST001: Se produjo un error de conexión. Intente nuevamente. "};
     return correr(falla, [this] {
         const FamiliaFiscal fam = familia();
+        if (fam == FamiliaFiscal::Electronica && prueba_electronica_)
+            return prueba_electronica_();
         FiscalDevice *dev = dispositivo(fam);
         if (!dev)
             return true;

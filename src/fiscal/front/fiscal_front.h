@@ -70,6 +70,10 @@ public:
     void recibir_cae(const QString &cae, const QString &nro_comprobante, const QString &cae_vto);
     void set_solicitud(const QString &xml) { solicitud_ = xml; }
 
+    // What `IF_Test` runs in electronic mode instead of touching a device:
+    // the AFIP connection report, set by the front's owner.
+    void set_prueba_electronica(std::function<bool()> prueba) { prueba_electronica_ = std::move(prueba); }
+
 private:
     // The operation's code in the error line and the text of its box.
     struct Falla {
@@ -99,6 +103,7 @@ private:
     QString nro_comprobante_;
     QString cae_vto_;
     QString solicitud_;
+    std::function<bool()> prueba_electronica_;
 };
 
 } // namespace vendrix

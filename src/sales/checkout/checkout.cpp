@@ -137,8 +137,8 @@ void Checkout::preparar_acciones()
 {
     if (impresora_fiscal_) {
         vista_.Command_imprimir = electronica_ ? kFacturaElectronica : kImprimirTicket;
-        // The taxpayer lookup isn't offered yet: its button stays hidden.
-        vista_.Command_recuperar_datos_CUIT_visible = false;
+        // The taxpayer lookup asks AFIP, so it comes with electronic invoicing.
+        vista_.Command_recuperar_datos_CUIT_visible = electronica_;
         vista_.Check_Imprimir_visible = true;
         vista_.Check_Imprimir = true;
         vista_.Check_resumido_visible = true;

@@ -167,6 +167,17 @@ TEST_F(Front, TheModelIsReadAtEachCallAndEachFamilyKeepsItsDriver)
     EXPECT_EQ(llamadas, QStringList({"conectar", "conectar", "conectar", "probar"}));
 }
 
+TEST_F(Front, TheElectronicTestIsTheHookAndTouchesNoDevice)
+{
+    set("IF_Modelo", "Factura Electronica A.F.I.P.");
+    bool resultado = false;
+    front.set_prueba_electronica([&resultado] { return resultado; });
+    EXPECT_FALSE(front.IF_Test());
+    resultado = true;
+    EXPECT_TRUE(front.IF_Test());
+    EXPECT_EQ(creados, 0);
+}
+
 TEST_F(Front, DisconnectingAnswersTrueEvenWhenThePrinterRefuses)
 {
     set("IF_Modelo", "Epson TM-U220AFII");
