@@ -57,7 +57,8 @@ SimuladorAfip::SimuladorAfip(Opciones opciones, QObject *parent)
     login_ = std::make_unique<simulador::ServicioLogin>(opciones_.autoridad.certificado, *reloj_);
     facturas_ = std::make_unique<simulador::ServicioFacturas>(*login_, *reloj_);
     padron_ = std::make_unique<simulador::ServicioPadron>(*login_, *reloj_);
-    connect(servidor_, &QTcpServer::newConnection, this, &SimuladorAfip::al_conectar);
+    // A TLS connection is pending only once its handshake is over.
+    connect(servidor_, &QTcpServer::pendingConnectionAvailable, this, &SimuladorAfip::al_conectar);
 }
 
 SimuladorAfip::~SimuladorAfip() = default;

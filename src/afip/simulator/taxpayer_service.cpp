@@ -19,13 +19,13 @@ struct Domicilio {
 
 QString domicilio_xml(const Domicilio &d)
 {
-    return QStringLiteral("<domicilio>") + elemento("codigoPostal", QLatin1String(d.codigo_postal)) +
-           elemento("descripcionProvincia", QLatin1String(d.provincia)) +
-           elemento("direccion", QLatin1String(d.direccion)) +
+    return QStringLiteral("<domicilio>") + elemento("codigoPostal", QString::fromUtf8(d.codigo_postal)) +
+           elemento("descripcionProvincia", QString::fromUtf8(d.provincia)) +
+           elemento("direccion", QString::fromUtf8(d.direccion)) +
            QStringLiteral("<estadoDomicilio>CONFIRMADO</estadoDomicilio><idProvincia>%1</idProvincia>")
                .arg(d.id_provincia) +
-           elemento("localidad", QLatin1String(d.localidad)) +
-           elemento("tipoDomicilio", QLatin1String(d.tipo)) + QStringLiteral("</domicilio>");
+           elemento("localidad", QString::fromUtf8(d.localidad)) +
+           elemento("tipoDomicilio", QString::fromUtf8(d.tipo)) + QStringLiteral("</domicilio>");
 }
 
 // The register's entry for a CUIT, its elements in the schema's order;
