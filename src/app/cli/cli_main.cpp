@@ -32,6 +32,11 @@ const std::array kCommands{
     Command{"emular-hasar",
             "Emula una impresora fiscal Hasar en un pseudo-terminal hasta Ctrl+C: --modelo N.",
             QStringList{QStringLiteral("--modelo")}, cmd_emular_hasar},
+    Command{
+        "simular-afip",
+        "Simula los servicios de AFIP (WSAA, WSFEv1, padrón A13) en HTTPS local hasta Ctrl+C: --puerto N, "
+        "--carpeta DIR, --tienda DIR, --modo MODO, --vencido.",
+        QStringList{"--puerto", "--carpeta", "--tienda", "--modo"}, cmd_simular_afip},
 };
 
 int usage(QTextStream &err)

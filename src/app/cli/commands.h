@@ -20,5 +20,6 @@ int cmd_demo(const CliArgs &args);
 int cmd_precio(const CliArgs &args);
 int cmd_buscar(const CliArgs &args);
 int cmd_emular_hasar(const CliArgs &args);
+int cmd_simular_afip(const CliArgs &args);
 
 } // namespace vendrix::cli
