@@ -2,10 +2,9 @@
 
 #include "afip/auth/afip_services.h"
 #include "afip/transport/http_client.h"
+#include "core/startup_files.h"
 #include "support/qt_print.h"
 #include "support/test_context.h"
-
-#include <QFile>
 
 #include <deque>
 #include <vector>
@@ -20,7 +19,7 @@ public:
     {
         peticiones.push_back(p);
         if (respuestas.empty())
-            return {false, 0, {}, QStringLiteral("Se agotó el tiempo de espera")};
+            return {false, 0, {}, QStringLiteral("Se agotó el tiempo de espera"), 5};
         const QString texto = respuestas.front();
         respuestas.pop_front();
         return {true, 200, texto, {}};
@@ -49,11 +48,7 @@ inline QString respuesta_wsaa(const QString &valores)
 struct AfipFixture {
     AfipFixture()
     {
-        for (const char *f : {"wsaa_token.xml", "wsaa_token_pers.xml", "wefe_dummy.xml"}) {
-            QFile plantilla(QStringLiteral(VENDRIX_TEST_DATA "/../../data/") + QLatin1String(f));
-            plantilla.open(QIODevice::ReadOnly);
-            app.write_file(QLatin1String(f), plantilla.readAll());
-        }
+        asegurar_plantillas_fe(app.ctx());
         app.ctx().escribir_parametro("FE_servidor_pruebas", "https://127.0.0.1:8443");
     }
 

@@ -64,16 +64,6 @@ TEST_F(TaxpayerLookupTest, YesFillsTheFieldsFromTheLastAddress)
     EXPECT_EQ(app.status.keywords, QStringList({"ocupado_on", "ocupado_off"}));
 }
 
-TEST_F(TaxpayerLookupTest, NoLeavesTheFieldsAndACompanyGoesByItsName)
-{
-    http.respuestas = {persona("<razonSocial>ACME SA</razonSocial><domicilio><direccion>MITRE 1</direccion>"
-                               "<descripcionProvincia>JUJUY</descripcionProvincia></domicilio>")};
-    app.op.answer(false);
-    recuperar_datos_CUIT(s, *checkout);
-    EXPECT_TRUE(app.op.texts().value(0).contains("    Razón Social: ACME SA\r\n"));
-    EXPECT_EQ(v().Text_rz + v().Combo_iva, "Viejo" + kConsumidorFinal);
-}
-
 TEST_F(TaxpayerLookupTest, NothingFoundShowsAfipsWordsAndTheInputIsCheckedFirst)
 {
     http.respuestas = {

@@ -6,8 +6,7 @@
 #include <QRegularExpression>
 #include <QSslConfiguration>
 
-#include <openssl/cms.h>
-#include <openssl/pem.h>
+#include "afip/crypto/cms_signature.h"
 
 namespace vendrix::test {
 
@@ -28,27 +27,6 @@ QList<int> codigos(const QString &texto, const QString &entrada)
     return lista;
 }
 
-QByteArray firmar_cms_prueba(const QByteArray &datos, const CertificadoPem &firmante)
-{
-    BIO *bio_cert = BIO_new_mem_buf(firmante.certificado.constData(), -1);
-    BIO *bio_llave = BIO_new_mem_buf(firmante.llave.constData(), -1);
-    BIO *entrada = BIO_new_mem_buf(datos.constData(), static_cast<int>(datos.size()));
-    BIO *salida = BIO_new(BIO_s_mem());
-    X509 *cert = PEM_read_bio_X509(bio_cert, nullptr, nullptr, nullptr);
-    EVP_PKEY *llave = PEM_read_bio_PrivateKey(bio_llave, nullptr, nullptr, nullptr);
-    CMS_ContentInfo *cms = CMS_sign(cert, llave, nullptr, entrada, CMS_BINARY);
-    i2d_CMS_bio(salida, cms);
-    char *der = nullptr;
-    const long largo = BIO_get_mem_data(salida, &der);
-    const QByteArray resultado(der, static_cast<int>(largo));
-    CMS_ContentInfo_free(cms);
-    EVP_PKEY_free(llave);
-    X509_free(cert);
-    for (BIO *b : {bio_cert, bio_llave, entrada, salida})
-        BIO_free(b);
-    return resultado;
-}
-
 void SimuladorTest::SetUpTestSuite()
 {
     carpeta_ = new QTemporaryDir;
@@ -56,16 +34,18 @@ void SimuladorTest::SetUpTestSuite()
     ASSERT_TRUE(CredencialesSimulador::preparar(carpeta_->path(), ahora, false, credenciales_));
     CredencialesSimulador vencidas;
     ASSERT_TRUE(CredencialesSimulador::preparar(carpeta_->path(), ahora, true, vencidas));
-    const auto leer = [](const QString &cert, const QString &llave) {
-        QFile c(cert), l(llave);
-        c.open(QIODevice::ReadOnly);
-        l.open(QIODevice::ReadOnly);
-        return CertificadoPem{c.readAll(), l.readAll()};
-    };
-    tienda_ = leer(credenciales_.tienda_certificado, credenciales_.tienda_llave);
-    vencida_ = leer(vencidas.tienda_certificado, vencidas.tienda_llave);
-    ajena_ = AutoridadPrueba::crear(QStringLiteral("Otra AC"), ahora.addDays(-1))
-                 .emitir(QStringLiteral("Vendrix Homologacion"), ahora.addDays(-1), ahora.addYears(1));
+    tienda_ = {credenciales_.tienda_certificado, credenciales_.tienda_llave};
+    vencida_ = {vencidas.tienda_certificado, vencidas.tienda_llave};
+    const CertificadoPem ajena =
+        AutoridadPrueba::crear(QStringLiteral("Otra AC"), ahora.addDays(-1))
+            .emitir(QStringLiteral("Vendrix Homologacion"), ahora.addDays(-1), ahora.addYears(1));
+    ajena_ = {carpeta_->filePath(QStringLiteral("ajena.crt")),
+              carpeta_->filePath(QStringLiteral("ajena.key"))};
+    for (const auto &[ruta, pem] :
+         {std::pair{ajena_.certificado, ajena.certificado}, {ajena_.llave, ajena.llave}}) {
+        QFile f(ruta);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write(pem) == pem.size());
+    }
 }
 
 void SimuladorTest::TearDownTestSuite()
@@ -101,7 +81,7 @@ RespuestaPrueba SimuladorTest::post(const QString &ruta, const QString &cuerpo, 
     return r;
 }
 
-QString SimuladorTest::pedido_login(const CertificadoPem &firmante, const QString &servicio, int desde_min,
+QString SimuladorTest::pedido_login(const Firmante &firmante, const QString &servicio, int desde_min,
                                     int hasta_min) const
 {
     const auto hora = [this](int minutos) {
@@ -114,7 +94,7 @@ QString SimuladorTest::pedido_login(const CertificadoPem &firmante, const QStrin
                        "    <expirationTime>%2</expirationTime>\r\n  </header>\r\n"
                        "  <service>%3</service>\r\n</loginTicketRequest>\r\n")
             .arg(hora(desde_min), hora(hasta_min), servicio);
-    QByteArray base64 = firmar_cms_prueba(tra.toUtf8(), firmante).toBase64();
+    QByteArray base64 = firmar_cms(tra.toUtf8(), firmante.certificado, firmante.llave).der.toBase64();
     for (qsizetype i = 64; i < base64.size(); i += 65)
         base64.insert(i, '\n');
     return QStringLiteral(

@@ -23,6 +23,11 @@ QString etiqueta(const QString &texto, const QString &tag);
 // Every code inside <Err> or <Obs> entries, in order.
 QList<int> codigos(const QString &texto, const QString &entrada = QStringLiteral("Err"));
 
+// A signing certificate and its key, as files.
+struct Firmante {
+    QString certificado, llave;
+};
+
 // A simulator on a free port with the shop's credentials, a fixed clock,
 // and a plain Qt client that trusts the test authority.
 class SimuladorTest : public ::testing::Test {
@@ -34,22 +39,20 @@ protected:
     RespuestaPrueba post(const QString &ruta, const QString &cuerpo, int espera_ms = 10000);
     // A LoginCms request for `servicio` signed by `firmante`, with the
     // times the program sends: ten minutes either side of the clock.
-    QString pedido_login(const CertificadoPem &firmante, const QString &servicio = QStringLiteral("wsfe"),
+    QString pedido_login(const Firmante &firmante, const QString &servicio = QStringLiteral("wsfe"),
                          int desde_min = -10, int hasta_min = 10) const;
     // A ticket for `servicio` from LoginCms: token and sign.
     std::pair<QString, QString> ticket(const QString &servicio);
 
     static inline QTemporaryDir *carpeta_ = nullptr;
     static inline CredencialesSimulador credenciales_;
-    static inline CertificadoPem tienda_;
-    static inline CertificadoPem ajena_; // from another authority
-    static inline CertificadoPem vencida_;
+    static inline Firmante tienda_;
+    static inline Firmante ajena_; // from another authority
+    static inline Firmante vencida_;
 
     FixedClock reloj_{QDateTime(QDate(2025, 3, 10), QTime(10, 0), Qt::OffsetFromUTC, -3 * 3600)};
     std::unique_ptr<SimuladorAfip> simulador_;
     QNetworkAccessManager red_;
 };
-
-QByteArray firmar_cms_prueba(const QByteArray &datos, const CertificadoPem &firmante);
 
 } // namespace vendrix::test

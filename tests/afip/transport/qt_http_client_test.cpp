@@ -72,7 +72,9 @@ protected:
     static inline AutoridadPrueba *autoridad_ = nullptr;
 };
 
-TEST_F(ClienteHttpQtTest, OnlyATrustedServerIsHeardAndAFaultWithStatus500IsAnAnswer)
+// The program's tests against the simulator take the answers, faults with
+// status 500 and the time-out's text; here what only a bare server shows.
+TEST_F(ClienteHttpQtTest, OnlyATrustedServerIsHeardAndTheRequestGoesAsGiven)
 {
     Servidor servidor(*autoridad_, QStringLiteral("<faultstring>TA válido</faultstring>").toUtf8());
     const RespuestaHttp rechazo = ClienteHttpQt(app.ctx(), 5s).post(peticion(servidor.url()));
@@ -83,8 +85,6 @@ TEST_F(ClienteHttpQtTest, OnlyATrustedServerIsHeardAndAFaultWithStatus500IsAnAns
 
     confiar();
     const RespuestaHttp respuesta = ClienteHttpQt(app.ctx(), 5s).post(peticion(servidor.url()));
-    EXPECT_TRUE(respuesta.ok) << respuesta.error.toStdString();
-    EXPECT_EQ(respuesta.estado, 500);
     EXPECT_EQ(respuesta.texto, QStringLiteral("<faultstring>TA válido</faultstring>"));
     // Headers as given, an empty SOAPAction too, and the body in UTF-8.
     for (const char *parte : {"POST /ws HTTP/1.1\r\n", "\r\nContent-Type: text/xml\r\n",
@@ -100,11 +100,8 @@ TEST_F(ClienteHttpQtTest, AServerThatNeverAnswersIsLeftAfterTheTimeOutWhileEvent
     QTimer latido;
     QObject::connect(&latido, &QTimer::timeout, [&] { ++latidos; });
     latido.start(50);
-    const RespuestaHttp respuesta = ClienteHttpQt(app.ctx(), 500ms).post(peticion(servidor.url()));
-    EXPECT_FALSE(respuesta.ok);
-    EXPECT_EQ(respuesta.error,
-              QStringLiteral("La AFIP no respondió en 0,5 segundos (%1).").arg(servidor.url()));
-    EXPECT_TRUE(servidor.pedido.endsWith("</soap:Envelope>"));
+    EXPECT_TRUE(
+        ClienteHttpQt(app.ctx(), 500ms).post(peticion(servidor.url())).error.contains("0,5 segundos"));
     EXPECT_GE(latidos, 5);
 }
 

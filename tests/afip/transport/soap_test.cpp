@@ -1,27 +1,17 @@
+#include "afip/fake_afip.h"
 #include "afip/transport/afip_hosts.h"
-#include "afip/transport/http_client.h"
 #include "afip/transport/soap.h"
-#include "support/test_context.h"
 
 #include <gtest/gtest.h>
 
 namespace vendrix {
 namespace {
 
-struct ClienteGrabador : ClienteHttp {
-    RespuestaHttp post(const PeticionHttp &peticion) override
-    {
-        peticiones.append(peticion);
-        return respuesta;
-    }
-    QList<PeticionHttp> peticiones;
-    RespuestaHttp respuesta{true, 500, QStringLiteral("<faultstring/>"), {}};
-};
-
 TEST(EnviarSoapTest, OnlyWhatLooksLikeSoapIsPostedWithContentTypeAndAnEmptySoapAction)
 {
     test::TestApp app;
-    ClienteGrabador http;
+    test::FakeHttp http;
+    http.respuestas = {QStringLiteral("<faultstring/>")};
     const QString url = QStringLiteral("https://wswhomo.afip.gov.ar/wsfev1/service.asmx");
     for (const char *xml : {"  <?xml?><soap:Envelope><soap:Body></soap:Body>", // the mark starts too late
                             "<?xml?><soapenv:Envelope><soap:Body/>", "<?xml?><SOAP:Envelope><SOAP:Body>", ""})
@@ -29,7 +19,7 @@ TEST(EnviarSoapTest, OnlyWhatLooksLikeSoapIsPostedWithContentTypeAndAnEmptySoapA
             enviar_SOAP(app.ctx(), http, {}, url, {}, QString::fromLatin1(xml)),
             QStringLiteral("La estructura del archivo XML no parece correcta para ser un SOAP. Mira el log "
                            "para ver que paso"));
-    EXPECT_TRUE(http.peticiones.isEmpty());
+    EXPECT_TRUE(http.peticiones.empty());
     EXPECT_EQ(
         enviar_SOAP(app.ctx(), http, {}, url, {}, QStringLiteral(" <?xml?><soapenv:Envelope><soap:Body>")),
         QStringLiteral("<faultstring/>"));
@@ -40,9 +30,8 @@ TEST(EnviarSoapTest, OnlyWhatLooksLikeSoapIsPostedWithContentTypeAndAnEmptySoapA
               QStringList({QStringLiteral("PostWebservice: creo un objeto del tipo MSXML2.XMLHTTP."),
                            QStringLiteral("PostWebservice: SOAPAction.")}));
     // Unchecked and without "soap": no SOAPAction; no answer: the error's number and text.
-    http.respuesta = {false, 0, {}, QStringLiteral("Sin respuesta."), 5};
     EXPECT_EQ(enviar_SOAP(app.ctx(), http, {}, url, {}, QStringLiteral("<Consulta/>"), true),
-              QStringLiteral("Error: 5 - Sin respuesta."));
+              QStringLiteral("Error: 5 - Se agotó el tiempo de espera"));
     EXPECT_EQ(http.peticiones.at(1).cabeceras.size(), 1);
 }
 

@@ -1,0 +1,135 @@
+// The program's side of AFIP against the simulator, with nothing faked: the
+// signature made in process, the HTTPS client, the shop's certificate issued
+// by the simulator's authority.
+#include "afip/auth/afip_services.h"
+#include "afip/auth/connection_report.h"
+#include "afip/auth/wsaa_ticket.h"
+#include "afip/lookup/taxpayer_lookup.h"
+#include "afip/simulator/afip_simulator.h"
+#include "afip/simulator/simulator_credentials.h"
+#include "afip/simulator/taxpayer_service.h"
+#include "afip/transport/qt_http_client.h"
+#include "core/startup_files.h"
+#include "sales/carritos.h"
+#include "sales/checkout/checkout.h"
+#include "support/qt_print.h"
+#include "support/test_context.h"
+
+#include <gtest/gtest.h>
+
+namespace vendrix {
+namespace {
+
+using namespace std::chrono_literals;
+using simulador::Modo;
+
+const QString kErrorWsaa = QStringLiteral(
+    "error|Error WSAA|Se detectaron Errores durante la autenticación mediante WSAA a los servidores de la "
+    "AFIP. Por favor verifique que esta conectado a Internet y que la configuración de Vendrix es correcta. "
+    "Los detalles del intercambio de mensajes estan disponibles en el Log");
+
+class ProgramaContraSimulador : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        // The shop's clock in Argentina's zone, as the ticket times are written.
+        app.clock.set(QDateTime(QDate(2026, 11, 23), QTime(10, 30), Qt::OffsetFromUTC, -3 * 3600));
+        ASSERT_TRUE(CredencialesSimulador::preparar(app.ruta("afip"), app.clock.now(), false, cred));
+        sim = std::make_unique<SimuladorAfip>(
+            SimuladorAfip::Opciones{0, cred.autoridad(), cred.servidor(), &app.clock});
+        ASSERT_TRUE(sim->iniciar());
+        asegurar_plantillas_fe(app.ctx());
+        for (const auto &[clave, valor] : {std::pair{"IF_FE_Certificado", cred.tienda_certificado},
+                                           {"IF_FE_Password", cred.tienda_llave},
+                                           {"FE_CA_pruebas", cred.autoridad_certificado},
+                                           {"FE_servidor_pruebas", sim->url()},
+                                           {"IF_FE_Modo_Operacion", QStringLiteral("Homologación")},
+                                           {"IF_CUIT", QStringLiteral("30-71234567-1")},
+                                           {"IF_max_efectivo", QStringLiteral("9999")},
+                                           {"IF_max_tarjeta", QStringLiteral("9999")}})
+            app.ctx().escribir_parametro(QLatin1String(clave), valor);
+        app.op.clear();
+    }
+    QString param(const char *clave) { return app.ctx().leer_parametro(QLatin1String(clave)); }
+
+    test::TestApp app;
+    CredencialesSimulador cred;
+    std::unique_ptr<SimuladorAfip> sim;
+    ClienteHttpQt http{app.ctx(), 1s};
+    ServiciosAfip s{app.ctx(), http, firmar_cms, leer_vencimiento, [] { return true; }};
+};
+
+TEST_F(ProgramaContraSimulador, TheTicketIsSignedStoredReusedAndATicketAfipStillHoldsIsToldApart)
+{
+    // The simulator checks the signature against its authority and the times
+    // against its clock: a ticket means both passed.
+    ASSERT_TRUE(obtener_TRA(s)) << app.log_messages().join('\n').toStdString();
+    EXPECT_EQ(
+        QStringList({param("FE_generationTime"), param("FE_expirationTime"), param("FE_cert_vence_en_30")}),
+        QStringList({"2026-11-23T10:30:00.000-03:00", "2026-11-23T22:30:00.000-03:00", "True"}));
+    EXPECT_FALSE(param("FE_token").isEmpty() || param("FE_sign").isEmpty());
+    EXPECT_TRUE(obtener_TRA(s));
+    EXPECT_EQ(sim->peticiones().size(), 1);
+
+    // The program forgot its ticket; AFIP didn't.
+    app.ctx().escribir_parametro("FE_expirationTime", "");
+    EXPECT_FALSE(obtener_TRA(s));
+    EXPECT_EQ(
+        app.op.lines(),
+        QStringList{"error|Error WSAA|El contribuyente fiscal ya posee un Ticket de Accesso valido para "
+                    "el acceso al WSN solicitado, sin embargo, Vendrix lo desconoce. Por favor asegurese "
+                    "de que no hay otros aplicativos intentandose conectar a la AFIP con su clave fiscal."});
+    EXPECT_EQ(sim->peticiones().size(), 3);
+}
+
+TEST_F(ProgramaContraSimulador, AnAnswerWithoutSignOrNoAnswerEndsInTheWsaaBox)
+{
+    // The second attempt finds the ticket of the first, signless, held.
+    sim->set_modo(Modo::sin_sign);
+    EXPECT_FALSE(obtener_TRA(s));
+    // What came before the missing sign stays.
+    EXPECT_EQ(param("FE_expirationTime"), "2026-11-23T22:30:00.000-03:00");
+    sim->set_modo(Modo::sin_respuesta);
+    app.ctx().escribir_parametro("FE_expirationTime", "");
+    EXPECT_FALSE(obtener_TRA(s));
+    EXPECT_EQ(app.op.lines().mid(1), QStringList({kErrorWsaa}));
+    EXPECT_TRUE(app.op.lines().value(0).contains("ya posee un Ticket de Accesso valido"));
+    EXPECT_TRUE(app.log_messages().contains("La AFIP no respondió en 1 segundos (" + sim->url() +
+                                            "/ws/services/LoginCms)."));
+}
+
+TEST_F(ProgramaContraSimulador, TheConnectionReportReadsTheServices)
+{
+    EXPECT_TRUE(AFIP_reporte_conexion(s));
+    EXPECT_EQ(app.op.lines(),
+              QStringList{"inform|Conexión con la AFIP|Verificando conexión a la AFIP, Ambiente "
+                          "de \"Homologación\".\r\n\r\n"
+                          "     OK - Certificado AFIP válido.\r\n"
+                          "     OK - Hay conexión a Internet.\r\n"
+                          "     OK - Los servidores de la AFIP Responden.\r\n"
+                          "     OK - Se pudo obtener un TRA desde los servidores de la AFIP "
+                          "Con validez hasta: 2026-11-23T22:30:00.000-03:00"});
+}
+
+TEST_F(ProgramaContraSimulador, TheLookupFillsTheCustomerFromTheRegisterOnlyOnYes)
+{
+    app.copy_seed("clientes.install", "clientes.vdrx");
+    Carritos carritos;
+    Checkout checkout(app.ctx(), carritos, 1);
+    const VistaCheckout &v = checkout.vista();
+    checkout.set_texto(&VistaCheckout::Text_cuit, simulador::kCuitEmpresa);
+    app.op.answer(false);
+    recuperar_datos_CUIT(s, checkout);
+    EXPECT_TRUE(v.Text_rz.isEmpty());
+    // A person with two addresses: the last one is taken.
+    checkout.set_texto(&VistaCheckout::Text_cuit, simulador::kCuitPersona);
+    app.op.answer(true);
+    recuperar_datos_CUIT(s, checkout);
+    EXPECT_EQ(
+        QStringList({v.Text_rz, v.Text_dom, v.Text_loc, v.Combo_iva}),
+        QStringList({"Maria Laura Gomez", "San Martin 456", "Cordoba", "I - IVA RESPONSABLE INSCRIPTO"}));
+    EXPECT_TRUE(app.op.texts().value(0).contains("    Razón Social: EL ALERCE & HIJOS S.R.L.\r\n"));
+}
+
+} // namespace
+} // namespace vendrix
