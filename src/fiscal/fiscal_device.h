@@ -40,6 +40,9 @@ struct DocumentoFiscal {
     QString iva_emisor;
     bool es_nota_de_credito = false;
     QString tipo_factura;
+    // The sale's reference, which an electronic invoice's request in flight
+    // is kept under until the sale is stored.
+    QString referencia;
 };
 
 // `IF_Add_Element`'s arguments: quantity and price are decimal text with a
