@@ -32,7 +32,7 @@ struct Mostrador : ImpresoraEmulada {
 QString vender(FiscalFront &f)
 {
     // A final consumer who gave no data, as the sale hands it over.
-    DocumentoFiscal doc{"C", "CONSUMIDOR FINAL", "", "CUIT", "0", "F", "M", false, ""};
+    DocumentoFiscal doc{"C", "CONSUMIDOR FINAL", "", "CUIT", "0", "F", "M", false, "", ""};
     ItemFiscal yerba{"Yerba 1kg", "2", "1500.50", "F", 21};
     ItemFiscal pan{"Pan", "0.75", "1200", "F", 10.5};
     CierreFiscal cierre{"C", "GRACIAS POR SU COMPRA", "", false, 0, 0};

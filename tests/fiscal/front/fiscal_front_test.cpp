@@ -58,7 +58,7 @@ bool operar(Banco &t, const QString &op)
 {
     FiscalFront &f = t.front;
     Context &ctx = t.app.ctx();
-    DocumentoFiscal doc{"A", "Juan", "", "CUIT", "20-1", "I", "I", false, ""};
+    DocumentoFiscal doc{"A", "Juan", "", "CUIT", "20-1", "I", "I", false, "", ""};
     ItemFiscal item{"Tornillo", "2", "", "F", 10.5};
     CierreFiscal cierre{"B", "", "X", false, 0, 150.5};
     f.set_solicitud("<xml/>");

@@ -16,7 +16,7 @@ struct Banco : test::ImpresoraEmulada {
 
 DocumentoFiscal consumidor_final()
 {
-    return {"C", "", "", "", "", "F", "M", false, ""};
+    return {"C", "", "", "", "", "F", "M", false, "", ""};
 }
 
 ItemFiscal item(const char *descripcion, const char *cantidad, const char *precio, double tasa)
@@ -61,7 +61,8 @@ TEST(HasarDeviceTest, DocumentsLeaveTheirJournal)
         // The 30-character name loses its accented letters and ends after the 20th kept one.
         {"factura A to an inscripto with CUIT",
          'I',
-         {"A", "Ferretería Núñez y Cía. S.R.L.", "Belgrano 55", "CUIT", "30-71234567-1", "I", "I", false, ""},
+         {"A", "Ferretería Núñez y Cía. S.R.L.", "Belgrano 55", "CUIT", "30-71234567-1", "I", "I", false, "",
+          ""},
          {item("Tornillos x100", "1", "121", 21), item("Libro", "1", "110.5", 10.5)},
          "48",
          "30712345671",
@@ -72,7 +73,7 @@ TEST(HasarDeviceTest, DocumentsLeaveTheirJournal)
           "IVA 21.00%                       $ 21.00", "TOTAL                           $ 231.50"}},
         {"credit note C to a consumer with DNI",
          'M',
-         {"C", "Juan Perez", "Mitre 10", "DNI", "20111222", "F", "M", true, ""},
+         {"C", "Juan Perez", "Mitre 10", "DNI", "20111222", "F", "M", true, "", ""},
          {item("Devolucion", "1", "60.50", 21)},
          "83",
          "20111222",
