@@ -2,8 +2,6 @@
 
 #include "afip/transport/http_client.h"
 
-#include <QNetworkAccessManager>
-
 #include <chrono>
 
 class QSslConfiguration;
@@ -17,6 +15,13 @@ class Context;
 // caller but runs a local event loop that leaves out user input: the
 // screen keeps painting and a click can't start a second exchange. A post
 // that takes longer than the time-out is abandoned with an error.
+//
+// Each post is sent exactly once, on a connection of its own that is
+// closed after the answer, never through a proxy. A connection that closes
+// before a whole answer is an error, never a reason to send again: AFIP may
+// already have issued a CAE for that request, and a second one would spend
+// another number. (QNetworkAccessManager re-sends in that case, which is why
+// it is not used here.) Plain http:// is served too, for local servers.
 //
 // TLS: the certificates of the PEM file named by `FE_CA_pruebas` (the
 // simulator's authority) are trusted besides the system's, read again on
@@ -36,7 +41,6 @@ private:
 
     Context &ctx_;
     std::chrono::milliseconds limite_;
-    QNetworkAccessManager red_;
 };
 
 // True for AFIP's hosts (afip.gov.ar and its subdomains).
