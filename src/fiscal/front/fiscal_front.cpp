@@ -226,7 +226,17 @@ bool FiscalFront::IF_Close(CierreFiscal &cierre)
             FiscalDevice *dev = dispositivo(fam);
             if (!dev)
                 return true;
-            dev->cerrar(cierre);
+            // The request goes into the error block whether the close
+            // failed or not.
+            try {
+                dev->cerrar(cierre);
+            } catch (...) {
+                solicitud_ = dev->solicitud();
+                throw;
+            }
+            solicitud_ = dev->solicitud();
+            if (const std::optional<CaeEmitido> cae = dev->cae_emitido())
+                recibir_cae(cae->cae, cae->numero, cae->vencimiento);
             if (es_epson_dll(fam))
                 ticket_abierto_ = kNo;
             return true;
