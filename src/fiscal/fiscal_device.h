@@ -65,6 +65,14 @@ struct CierreFiscal {
     double pago_debito = 0;
 };
 
+// What AFIP authorised for an electronic document: its CAE, the number it
+// went under and the CAE's expiry (yyyymmdd).
+struct CaeEmitido {
+    QString cae;
+    QString numero;
+    QString vencimiento;
+};
+
 // One printer family's driver. Each operation throws FiscalError on a
 // failure; the front catches it, shows it and answers False. A driver reads
 // its port and speed from the settings when it connects.
@@ -89,6 +97,13 @@ public:
     virtual void cierre_x() = 0;
     virtual void cierre_z() = 0;
     virtual void desconectar() = 0;
+
+    // An electronic device's authorisation of the document `cerrar` just
+    // sent; printers have none.
+    virtual std::optional<CaeEmitido> cae_emitido() const { return std::nullopt; }
+    // The request of the document in hand, which the front's error block
+    // shows; printers have none.
+    virtual QString solicitud() const { return {}; }
 };
 
 } // namespace vendrix

@@ -1,5 +1,6 @@
 #include "fiscal/front/device_factory.h"
 
+#include "afip/invoice/afip_invoice_device.h"
 #include "fiscal/hasar/hasar_device.h"
 
 namespace vendrix {
@@ -8,6 +9,8 @@ std::unique_ptr<FiscalDevice> crear_dispositivo(FamiliaFiscal familia, Context &
 {
     if (familia == FamiliaFiscal::Hasar)
         return std::make_unique<HasarDevice>(ctx);
+    if (familia == FamiliaFiscal::Electronica)
+        return std::make_unique<AfipInvoiceDevice>(ctx);
     return nullptr;
 }
 

@@ -226,7 +226,21 @@ bool FiscalFront::IF_Close(CierreFiscal &cierre)
             FiscalDevice *dev = dispositivo(fam);
             if (!dev)
                 return true;
-            dev->cerrar(cierre);
+            // An electronic device's request goes into the error block
+            // whether the close failed or not.
+            const auto tomar_solicitud = [this, dev] {
+                if (QString xml = dev->solicitud(); !xml.isEmpty())
+                    solicitud_ = std::move(xml);
+            };
+            try {
+                dev->cerrar(cierre);
+            } catch (...) {
+                tomar_solicitud();
+                throw;
+            }
+            tomar_solicitud();
+            if (const std::optional<CaeEmitido> cae = dev->cae_emitido())
+                recibir_cae(cae->cae, cae->numero, cae->vencimiento);
             if (es_epson_dll(fam))
                 ticket_abierto_ = kNo;
             return true;
