@@ -77,6 +77,14 @@ const char *const kCarritosAbiertos =
     "Marca_guardado TEXT, Leyenda TEXT, Total TEXT, Cantidad TEXT, Articulo TEXT, Precio_unit TEXT, "
     "Importe TEXT, IVA TEXT, Codigo TEXT, Ganancia TEXT, Descuento TEXT, Descuento_cliente TEXT, Costo TEXT, "
     "Codigo_segun_proveedor TEXT, Grupo_segun_proveedor TEXT, Proveedor TEXT, PRIMARY KEY (Carrito, Fila))";
+// Vendrix's own: the electronic invoices on their way to AFIP, one row a
+// sale, so that an authorization is never lost. The sale's draft comes
+// first, the request's class, point of sale, number, total and date just
+// before it is sent, the CAE as soon as it arrives; the row goes when the
+// sale is stored.
+const char *const kCaePendientes =
+    "CREATE TABLE vendrix_cae_pendientes (referencia TEXT PRIMARY KEY, documento TEXT, CbteTipo INTEGER, "
+    "PtoVta INTEGER, CbteNro INTEGER, ImpTotal TEXT, CbteFch TEXT, CAE TEXT, CAEFchVto TEXT, creado TEXT)";
 
 bool crear(Context &ctx, const char *ddl, const QString &target = kInternal)
 {
@@ -295,6 +303,9 @@ const Migracion kMigraciones[] = {
     {"Verifica de la existencia de la tabla vendrix_carritos_abiertos", Sonda::tabla,
      "vendrix_carritos_abiertos", "internal", [](Context &c) { return crear(c, kCarritosAbiertos); },
      "Se creó la tabla de [vendrix_carritos_abiertos].", "se agrego la tabla vendrix_carritos_abiertos."},
+    {"Verifica de la existencia de la tabla vendrix_cae_pendientes", Sonda::tabla, "vendrix_cae_pendientes",
+     "internal", [](Context &c) { return crear(c, kCaePendientes); },
+     "Se creó la tabla de [vendrix_cae_pendientes].", "se agrego la tabla vendrix_cae_pendientes."},
 };
 
 bool existe(Context &ctx, const Migracion &m)

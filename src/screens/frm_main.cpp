@@ -11,6 +11,7 @@
 #include "core/status_indicators.h"
 #include "fiscal/front/fiscal_front.h"
 #include "sales/carritos.h"
+#include "sales/recording/cae_recovery.h"
 #include "screens/carrito_tab.h"
 #include "screens/config_precios.h"
 #include "screens/frm_facturar.h"
@@ -270,6 +271,9 @@ void FrmMain::cargar_pestanas()
     // is printed.
     front_->IF_Configurar();
     ctx_.escribir_log(QStringLiteral("Impresora Fiscal inicializada"), info);
+    // An electronic invoice whose answer was lost, or whose sale the last
+    // run didn't get to store, is settled before anything is sold.
+    conciliar_cae_pendientes(ctx_);
     ctx_.escribir_log(QStringLiteral("FIN - Load form FrmMain"), info);
 }
 

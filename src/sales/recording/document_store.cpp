@@ -1,5 +1,6 @@
 #include "sales/recording/document_store.h"
 
+#include "afip/invoice/pending_cae_store.h"
 #include "core/context.h"
 #include "sales/recording/recording_log.h"
 
@@ -80,6 +81,10 @@ qint64 guardar_documento(Context &ctx, const DocumentoVenta &doc)
     for (size_t offset = 0; offset < doc.items.size(); ++offset)
         if (!insertar_factura_item(db, id, static_cast<int>(offset), doc.items[offset]))
             return 0;
+    // The record of the request goes with the sale it stood for: both or
+    // neither, so a sale is never stored twice nor its CAE lost.
+    if (!doc.cae_pendiente.isEmpty() && !borrar_cae_pendiente(db, doc.cae_pendiente))
+        return 0;
     return tx.commit() ? id : 0;
 }
 

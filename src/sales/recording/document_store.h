@@ -15,8 +15,9 @@ qint64 insertar_factura(Database &db, const CabeceraFactura &cabecera);
 bool insertar_factura_item(Database &db, qint64 factura_id, int offset, const ItemFactura &item);
 
 // Stores a document whole or not at all: in one transaction, the rows of the
-// reference it replaces go, then its header and its lines are written. The
-// new header's id, or 0 when nothing was stored.
+// reference it replaces go, then its header and its lines are written, and
+// the record of its request to AFIP is closed. The new header's id, or 0
+// when nothing was stored.
 qint64 guardar_documento(Context &ctx, const DocumentoVenta &doc);
 
 } // namespace vendrix

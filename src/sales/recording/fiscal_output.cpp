@@ -30,6 +30,7 @@ DocumentoFiscal comprador(const VistaCheckout &v, const QString &letra, const QS
     doc.iva_comprador = v.Combo_iva.left(1);
     doc.iva_emisor = iva_emisor;
     doc.es_nota_de_credito = es_credito;
+    doc.referencia = v.Text_referenciaExterna;
     doc.nombre = v.Text_rz;
     doc.numero_doc = v.Text_cuit;
     if (v.Combo_iva == kConsumidorFinal) {

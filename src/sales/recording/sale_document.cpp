@@ -85,8 +85,10 @@ ItemFactura item_de_linea(Context &ctx, const LineaCarrito &linea, double factor
     return item;
 }
 
-DocumentoVenta armar_documento(Context &ctx, Checkout &checkout, const QString &tipo, bool es_credito,
-                               const FactoresPrecio &factores, const Autorizacion &autorizacion)
+namespace {
+
+DocumentoVenta armar(Context &ctx, Checkout &checkout, const QString &tipo, bool es_credito,
+                     const FactoresPrecio &factores, bool registrar)
 {
     const VistaCheckout &v = checkout.vista();
     const Carrito &carrito = checkout.carrito();
@@ -100,11 +102,13 @@ DocumentoVenta armar_documento(Context &ctx, Checkout &checkout, const QString &
     const double tot_iva = iva_contenido(carrito, factores.total(), c.total < 0);
     c.total_neto = redondear(c.total - tot_iva, 3);
     c.total_iva = redondear(tot_iva, 3);
-    ctx.escribir_log(QStringLiteral("El valor de la variable tot_iva es: '") + texto_numero(tot_iva) +
-                         QLatin1Char('\''),
-                     QStringLiteral("I"));
-    ctx.escribir_log(QStringLiteral("El total es : '") + texto_numero(c.total) + QLatin1Char('\''),
-                     QStringLiteral("I"));
+    if (registrar) {
+        ctx.escribir_log(QStringLiteral("El valor de la variable tot_iva es: '") + texto_numero(tot_iva) +
+                             QLatin1Char('\''),
+                         QStringLiteral("I"));
+        ctx.escribir_log(QStringLiteral("El total es : '") + texto_numero(c.total) + QLatin1Char('\''),
+                         QStringLiteral("I"));
+    }
 
     c.fecha = ctx.reloj().now();
     c.letra = letra_comprobante(ctx, v.Combo_iva).letra;
@@ -123,17 +127,37 @@ DocumentoVenta armar_documento(Context &ctx, Checkout &checkout, const QString &
     c.carro = nombre_carrito(ctx, checkout.carrito_origen());
     c.maquina = QSysInfo::machineHostName();
     c.nro_referencia = v.Text_referenciaExterna;
-    c.cae = autorizacion.cae;
-    c.cae_vto = autorizacion.cae_vto;
-    c.cae_id = QString(autorizacion.nro_comprobante).remove(QLatin1Char(' '));
     c.tipo_doc = v.Combo_tipo_doc;
     c.notas = v.Text_Notas;
-    c.nro_ticket = proximo_nro_ticket(ctx, c.letra, tipo);
 
     doc.items.reserve(carrito.lineas().size());
     for (const LineaCarrito &l : carrito.lineas())
         doc.items.push_back(item_de_linea(ctx, l, factores.total(), es_credito));
     return doc;
+}
+
+} // namespace
+
+DocumentoVenta armar_documento(Context &ctx, Checkout &checkout, const QString &tipo, bool es_credito,
+                               const FactoresPrecio &factores, const Autorizacion &autorizacion)
+{
+    DocumentoVenta doc = armar(ctx, checkout, tipo, es_credito, factores, true);
+    autorizar_documento(doc.cabecera, autorizacion);
+    doc.cabecera.nro_ticket = proximo_nro_ticket(ctx, doc.cabecera.letra, tipo);
+    return doc;
+}
+
+DocumentoVenta armar_borrador(Context &ctx, Checkout &checkout, const QString &tipo, bool es_credito,
+                              const FactoresPrecio &factores)
+{
+    return armar(ctx, checkout, tipo, es_credito, factores, false);
+}
+
+void autorizar_documento(CabeceraFactura &c, const Autorizacion &autorizacion)
+{
+    c.cae = autorizacion.cae;
+    c.cae_vto = autorizacion.cae_vto;
+    c.cae_id = QString(autorizacion.nro_comprobante).remove(QLatin1Char(' '));
 }
 
 QString texto_documento(const DocumentoVenta &doc)

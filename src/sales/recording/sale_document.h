@@ -77,11 +77,14 @@ struct ItemFactura {
 
 // A sale document as it is to be stored: the header, its lines in order,
 // and the reference whose rows it replaces ("" for none): a stored cart
-// consumed by its sale, or overwritten by its new copy.
+// consumed by its sale, or overwritten by its new copy. An electronic
+// invoice also names the record of its request to AFIP, which goes when
+// the document is stored.
 struct DocumentoVenta {
     CabeceraFactura cabecera;
     std::vector<ItemFactura> items;
     QString reemplaza;
+    QString cae_pendiente;
 };
 
 // The document's full data on one line, for the log: nothing of a sale that
@@ -102,5 +105,15 @@ ItemFactura item_de_linea(Context &ctx, const LineaCarrito &linea, double factor
 // checkout, and the next number of its letter and type.
 DocumentoVenta armar_documento(Context &ctx, Checkout &checkout, const QString &tipo, bool es_credito,
                                const FactoresPrecio &factores, const Autorizacion &autorizacion);
+
+// The same document before the fiscal output, without logging and without
+// taking a number: what an electronic invoice keeps while its request is
+// on its way, to be stored later if the program stops before it.
+DocumentoVenta armar_borrador(Context &ctx, Checkout &checkout, const QString &tipo, bool es_credito,
+                              const FactoresPrecio &factores);
+
+// Puts AFIP's authorization on a document: the CAE, its expiry and the
+// voucher number without blanks.
+void autorizar_documento(CabeceraFactura &cabecera, const Autorizacion &autorizacion);
 
 } // namespace vendrix

@@ -1,14 +1,17 @@
 #include "sales/recording/sale_recording.h"
 
+#include "afip/invoice/pending_cae_store.h"
 #include "core/context.h"
 #include "core/numeric.h"
 #include "fiscal/front/fiscal_models.h"
 #include "sales/carritos.h"
 #include "sales/operar_carrito.h"
+#include "sales/recording/cae_recovery.h"
 #include "sales/recording/document_numbers.h"
 #include "sales/recording/document_store.h"
 #include "sales/recording/fiscal_output.h"
 #include "sales/recording/recording_log.h"
+#include "sales/recording/sale_json.h"
 
 namespace vendrix {
 
@@ -65,6 +68,32 @@ QString preparar_referencia(Context &ctx, Checkout &checkout, bool es_carrito)
     return {};
 }
 
+// Before an electronic invoice: what earlier ones left is settled, and the
+// sale's draft is written under its reference, so that the sale can be
+// stored whatever happens once the request is out. False, with the
+// operator told why, when the invoice can't go out now.
+bool preparar_factura_electronica(Context &ctx, Checkout &checkout, const QString &tipo, bool es_credito,
+                                  const FactoresPrecio &f)
+{
+    const QString titulo = QStringLiteral("Factura electrónica");
+    if (!conciliar_cae_pendientes(ctx)) {
+        ctx.op().error(titulo, QStringLiteral("No se puede emitir otra factura electrónica hasta saber si la "
+                                              "AFIP autorizó la anterior. Verifique la conexión a Internet e "
+                                              "intente nuevamente."));
+        return false;
+    }
+    const QString referencia = checkout.vista().Text_referenciaExterna;
+    DocumentoVenta borrador = armar_borrador(ctx, checkout, tipo, es_credito, f);
+    // A sale replaces whatever carries its reference, as below.
+    borrador.reemplaza = referencia;
+    if (escribir_borrador_cae(ctx, referencia, QString::fromUtf8(documento_a_json(borrador))))
+        return true;
+    ctx.op().error(titulo,
+                   QStringLiteral("No se pudo preparar la factura electrónica en la base de datos: no "
+                                  "se envió nada a la AFIP."));
+    return false;
+}
+
 void vaciar(Context &ctx, Carrito &carrito)
 {
     operar_carrito(ctx, carrito, VerboCarrito::vaciar, false);
@@ -107,8 +136,15 @@ bool imprimir_y_guardar(Context &ctx, FiscalFront &front, Checkout &checkout, Ca
                           texto_numero(f.descuento) + QStringLiteral(" y un recargo (ya calculado) de: ") +
                           texto_numero(f.recargo));
 
+    const QString tipo = tipo_documento(o);
+    const bool electronica =
+        o.imprimir && ctx.leer_parametro(QStringLiteral("IF_Modelo")) == QLatin1String(kModeloElectronica);
     Autorizacion autorizacion;
     if (o.imprimir) {
+        if (electronica && !preparar_factura_electronica(ctx, checkout, tipo, o.es_credito, f)) {
+            estado.marcar_ocupado(false);
+            return false;
+        }
         seguimiento.ocultar_formulario();
         const bool emitido = emitir_comprobante(ctx, front, checkout, f, o.es_credito, autorizacion);
         seguimiento.mostrar_formulario();
@@ -126,7 +162,6 @@ bool imprimir_y_guardar(Context &ctx, FiscalFront &front, Checkout &checkout, Ca
     }
 
     log_registro(ctx, QStringLiteral("Se comienza a ejecutar la rutina para guardar la venta"));
-    const QString tipo = tipo_documento(o);
     log_registro(ctx, QStringLiteral("Se utilizará un recargo total de '") + texto_numero(f.total()) +
                           QStringLiteral("' calculado como la multiplciacion del descuento habitual '") +
                           texto_numero(f.descuento) + QStringLiteral("' y el recargo con tarjeta '") +
@@ -138,6 +173,8 @@ bool imprimir_y_guardar(Context &ctx, FiscalFront &front, Checkout &checkout, Ca
         reemplaza = preparar_referencia(ctx, checkout, o.es_carrito);
     DocumentoVenta doc = armar_documento(ctx, checkout, tipo, o.es_credito, f, autorizacion);
     doc.reemplaza = reemplaza;
+    if (electronica)
+        doc.cae_pendiente = checkout.vista().Text_referenciaExterna;
     if (o.guardar && guardar_documento(ctx, doc) == 0) {
         // Nothing of the document is in the database; the log keeps all of it.
         log_registro(ctx,
@@ -161,7 +198,7 @@ bool imprimir_y_guardar(Context &ctx, FiscalFront &front, Checkout &checkout, Ca
 
     const QString referencia = checkout.vista().Text_referenciaExterna;
     if (o.imprimir) {
-        if (ctx.leer_parametro(QStringLiteral("IF_Modelo")) == QLatin1String(kModeloElectronica)) {
+        if (electronica) {
             estado.marcar_ocupado(true);
             seguimiento.factura_electronica(checkout, doc);
         } else {

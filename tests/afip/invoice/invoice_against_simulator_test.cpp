@@ -4,10 +4,8 @@
 #include "afip/invoice/afip_invoice_device.h"
 #include "afip/invoice/credit_note.h"
 #include "afip/invoice/invoice_codes.h"
-#include "afip/simulator/afip_simulator.h"
-#include "afip/simulator/simulator_credentials.h"
+#include "afip/simulated_afip.h"
 #include "afip/transport/qt_http_client.h"
-#include "core/startup_files.h"
 #include "fiscal/front/fiscal_front.h"
 #include "support/qt_print.h"
 #include "support/test_context.h"
@@ -58,24 +56,12 @@ protected:
     void SetUp() override
     {
         static QTemporaryDir carpeta;
-        app.clock.set(QDateTime(QDate(2026, 11, 23), QTime(10, 30), Qt::OffsetFromUTC, -3 * 3600));
-        ASSERT_TRUE(CredencialesSimulador::preparar(carpeta.path(), app.clock.now(), false, cred));
-        nuevo_simulador();
-        asegurar_plantillas_fe(app.ctx());
-        for (const auto &[clave, valor] : {std::pair{"IF_FE_Certificado", cred.tienda_certificado},
-                                           {"IF_FE_Password", cred.tienda_llave},
-                                           {"FE_CA_pruebas", cred.autoridad_certificado},
-                                           {"IF_PuntoDeVenta", QStringLiteral("3")},
-                                           {"IF_CUIT", QStringLiteral("30-71234567-1")}})
-            app.ctx().escribir_parametro(QLatin1String(clave), valor);
+        test::preparar_tienda_afip(app, carpeta.path(), cred, sim);
         app.ctx().escribir_parametro("IF_Modelo", "Factura Electronica A.F.I.P.");
     }
     void nuevo_simulador()
     {
-        sim = std::make_unique<SimuladorAfip>(
-            SimuladorAfip::Opciones{0, cred.autoridad(), cred.servidor(), &app.clock});
-        ASSERT_TRUE(sim->iniciar());
-        app.ctx().escribir_parametro("FE_servidor_pruebas", sim->url());
+        test::iniciar_simulador(app, cred, sim);
         app.ctx().escribir_parametro("FE_expirationTime", "");
     }
     std::unique_ptr<ServicioCae> servicio()

@@ -5,11 +5,9 @@
 #include "afip/auth/connection_report.h"
 #include "afip/auth/wsaa_ticket.h"
 #include "afip/lookup/taxpayer_lookup.h"
-#include "afip/simulator/afip_simulator.h"
-#include "afip/simulator/simulator_credentials.h"
+#include "afip/simulated_afip.h"
 #include "afip/simulator/taxpayer_service.h"
 #include "afip/transport/qt_http_client.h"
-#include "core/startup_files.h"
 #include "sales/carritos.h"
 #include "sales/checkout/checkout.h"
 #include "support/qt_print.h"
@@ -32,22 +30,7 @@ class ProgramaContraSimulador : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        // The shop's clock in Argentina's zone, as the ticket times are written.
-        app.clock.set(QDateTime(QDate(2026, 11, 23), QTime(10, 30), Qt::OffsetFromUTC, -3 * 3600));
-        ASSERT_TRUE(CredencialesSimulador::preparar(app.ruta("afip"), app.clock.now(), false, cred));
-        sim = std::make_unique<SimuladorAfip>(
-            SimuladorAfip::Opciones{0, cred.autoridad(), cred.servidor(), &app.clock});
-        ASSERT_TRUE(sim->iniciar());
-        asegurar_plantillas_fe(app.ctx());
-        for (const auto &[clave, valor] : {std::pair{"IF_FE_Certificado", cred.tienda_certificado},
-                                           {"IF_FE_Password", cred.tienda_llave},
-                                           {"FE_CA_pruebas", cred.autoridad_certificado},
-                                           {"FE_servidor_pruebas", sim->url()},
-                                           {"IF_FE_Modo_Operacion", QStringLiteral("Homologación")},
-                                           {"IF_CUIT", QStringLiteral("30-71234567-1")},
-                                           {"IF_max_efectivo", QStringLiteral("9999")},
-                                           {"IF_max_tarjeta", QStringLiteral("9999")}})
-            app.ctx().escribir_parametro(QLatin1String(clave), valor);
+        test::preparar_tienda_afip(app, app.ruta("afip"), cred, sim);
         app.op.clear();
     }
     QString param(const char *clave) { return app.ctx().leer_parametro(QLatin1String(clave)); }
