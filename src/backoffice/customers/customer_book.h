@@ -12,16 +12,16 @@ class Context;
 
 // The record's detail as the tab's boxes hold it, all text.
 struct FichaClipro {
-    QString tipo;          // Text_tipocliente, the kind (read only)
-    QString razon_social;  // Text_razonsocialcliente
-    QString tipo_doc;      // Combo_tipodocCliente, "CUIT" or "DNI"
-    QString documento;     // TextBox_doccliente
-    QString condicion_iva; // Combo_tipoivaCliente
-    QString domicilio;     // TextBox_domicilioCliente
-    QString localidad;     // TextBox_localidadCliente
-    QString descuento;     // TextBox_descuentoCliente
-    QString email;         // TextBox_emailCliente
-    QString telefono;      // TextBox_telefono
+    QString tipo{};          // Text_tipocliente, the kind (read only)
+    QString razon_social{};  // Text_razonsocialcliente
+    QString tipo_doc{};      // Combo_tipodocCliente, "CUIT" or "DNI"
+    QString documento{};     // TextBox_doccliente
+    QString condicion_iva{}; // Combo_tipoivaCliente
+    QString domicilio{};     // TextBox_domicilioCliente
+    QString localidad{};     // TextBox_localidadCliente
+    QString descuento{};     // TextBox_descuentoCliente
+    QString email{};         // TextBox_emailCliente
+    QString telefono{};      // TextBox_telefono
 };
 
 // What the tab shows besides the boxes' texts.
