@@ -5,6 +5,9 @@
 // "todos" finds every customer (the grid filled with 100 000 rows), "nombre"
 // a name held by one in ten, "muñoz" one in a hundred through the folding of
 // Spanish letters.
+//
+// Figures on the shared 2-core machine (Release, offscreen, wall time):
+// todos 838 ms, nombre 138 ms, munoz 121 ms: above the goal, still to be cut.
 #include "core/context.h"
 #include "core/migrations.h"
 #include "screens/customers_tab.h"

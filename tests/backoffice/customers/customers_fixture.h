@@ -15,19 +15,16 @@ protected:
         app.copy_seed("clientes.install", "clientes.vdrx");
         EXPECT_TRUE(ejecutar_migraciones(app.ctx()).fallidas.isEmpty());
         // name, CUIT, address, kind, BORRABLE, IVA condition, document type, discount
-        for (const char *valores : {
-                 "'MUÑOZ SRL', '30-11111111-8', 'Mitre 10', 'Cliente', NULL, 'I - IVA RESPONSABLE "
-                 "INSCRIPTO', 'CUIT', 5",
-                 "'Pérez Juan', '20-12345678-6', NULL, 'Cliente', '', NULL, 'CUIT', NULL",
-                 "'Ana Gómez', '25123456', 'Sarmiento 5', 'Cliente', '', 'F - CONSUMIDOR FINAL', 'DNI', 2.5",
-                 "'Bulonera', NULL, NULL, 'Proveedor Mercadería', 'N', NULL, NULL, NULL",
-                 "'Fletes Sur', '30-22222222-0', 'Ruta 3', 'Proveedor Servicios', '', 'M - RESPONSABLE "
-                 "MONOTRIBUTO', 'CUIT', 0",
-             })
-            EXPECT_TRUE(app.db().execNQ("INSERT INTO vendrix_clientes (NOMBRE, CUIT, DIRECCION, TIPO_RECORD, "
-                                        "BORRABLE, TIPO, TIPO_DOC, DESCUENTO) VALUES (" +
-                                            QString::fromUtf8(valores) + ")",
-                                        "internal"));
+        EXPECT_TRUE(app.db().execNQ(
+            "INSERT INTO vendrix_clientes (NOMBRE, CUIT, DIRECCION, TIPO_RECORD, BORRABLE, TIPO, TIPO_DOC, "
+            "DESCUENTO) VALUES ('MUÑOZ SRL', '30-11111111-8', 'Mitre 10', 'Cliente', NULL, 'I - IVA "
+            "RESPONSABLE "
+            "INSCRIPTO', 'CUIT', 5), ('Pérez Juan', '20-12345678-6', NULL, 'Cliente', '', NULL, 'CUIT', "
+            "NULL), "
+            "('Ana Gómez', '25123456', 'Sarmiento 5', 'Cliente', '', 'F - CONSUMIDOR FINAL', 'DNI', 2.5), "
+            "('Bulonera', NULL, NULL, 'Proveedor Mercadería', 'N', NULL, NULL, NULL), ('Fletes Sur', "
+            "'30-22222222-0', 'Ruta 3', 'Proveedor Servicios', '', 'M - RESPONSABLE MONOTRIBUTO', 'CUIT', 0)",
+            "internal"));
         app.op.clear();
         app.status.busy_changes.clear();
     }
