@@ -14,6 +14,7 @@
 #include "sales/recording/cae_recovery.h"
 #include "screens/carrito_tab.h"
 #include "screens/config_precios.h"
+#include "screens/customers_tab.h"
 #include "screens/frm_facturar.h"
 #include "screens/frm_log.h"
 #include "screens/pagina_configuracion.h"
@@ -154,6 +155,8 @@ void FrmMain::crear_pestanas()
             scroll->setWidgetResizable(true);
             scroll->setFrameShape(QFrame::NoFrame);
             page = scroll;
+        } else if (i == kTabCliPro) {
+            page = new screens::CustomersTab(ctx_);
         } else {
             page = pagina_de_texto(datos.texto ? QString::fromUtf8(datos.texto) : later);
         }
@@ -260,6 +263,7 @@ void FrmMain::cargar_pestanas()
     configuracion_->inicializar();
     log("TAB Configuración inicializado");
     configuracion_->llenar_reglas();
+    findChild<screens::CustomersTab *>()->iniciar_tab_clipro();
     for (const char *line : {"TAB Proveedores inicializado", "TAB Pedidos inicializado",
                              "TAB Reprotes inicializado", "TAB Control Precios inicializado",
                              "TAB Cliente / Proveedores inicializado", "TAB Pagos inicializado"})
