@@ -74,7 +74,10 @@ RespuestaSimulada ServicioFacturas::atender(const QString &operacion, const Nodo
     } else if (operacion == QLatin1String("FECompUltimoAutorizado")) {
         const int pto_vta = pedido.texto_de(QStringLiteral("PtoVta")).toInt();
         const int tipo = pedido.texto_de(QStringLiteral("CbteTipo")).toInt();
-        const QString error = error_de_ticket(pedido);
+        const QStringList orden = {QStringLiteral("Auth"), QStringLiteral("PtoVta"),
+                                   QStringLiteral("CbteTipo")};
+        const QList<ErrorAfip> esquema = revisar_orden(pedido, orden, orden);
+        const QString error = esquema.isEmpty() ? error_de_ticket(pedido) : errores_xml(esquema);
         resultado =
             error.isEmpty()
                 ? QStringLiteral("<PtoVta>%1</PtoVta><CbteTipo>%2</CbteTipo><CbteNro>%3</CbteNro>")
@@ -87,7 +90,15 @@ RespuestaSimulada ServicioFacturas::atender(const QString &operacion, const Nodo
         if (resultado.isEmpty())
             resultado = solicitar(pedido, modo, descartar);
     } else if (operacion == QLatin1String("FECompConsultar")) {
-        resultado = error_de_ticket(pedido);
+        const QStringList orden = {QStringLiteral("CbteTipo"), QStringLiteral("CbteNro"),
+                                   QStringLiteral("PtoVta")};
+        const NodoXml *req = pedido.hijo(QStringLiteral("FeCompConsReq"));
+        QList<ErrorAfip> esquema =
+            revisar_orden(pedido, {QStringLiteral("Auth"), QStringLiteral("FeCompConsReq")},
+                          {QStringLiteral("Auth"), QStringLiteral("FeCompConsReq")});
+        if (req)
+            esquema += revisar_orden(*req, orden, orden);
+        resultado = esquema.isEmpty() ? error_de_ticket(pedido) : errores_xml(esquema);
         if (resultado.isEmpty())
             resultado = consultar(pedido);
     } else {
