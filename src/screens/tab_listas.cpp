@@ -1,7 +1,9 @@
 #include "screens/tab_listas.h"
 
 #include "core/context.h"
+#include "core/settings_read.h"
 #include "screens/grilla_listas.h"
+#include "widgets/autocomplete_box.h"
 #include "widgets/lynx_grid.h"
 
 #include <QHBoxLayout>
@@ -18,11 +20,19 @@ constexpr int kAnchos[] = {0, 2200, 1800, 5600, 1000, 1600, 1200};
 constexpr int kColumnaProveedor = 1;
 constexpr int kColumnaPrecio = 6;
 
+// What the search box completes: every supplier, group and brand of the
+// price list once, sorted.
+const QString kSugerencias =
+    QStringLiteral("SELECT Proveedor FROM xls_listas WHERE Proveedor <> '' UNION SELECT Grupo FROM "
+                   "xls_listas WHERE Grupo <> "
+                   "'' UNION SELECT Marca FROM xls_listas WHERE Marca <> '' ORDER BY 1");
+
 } // namespace
 
 TabListas::TabListas(Context &ctx, QWidget *parent)
     : QWidget(parent), ctx_(ctx), texto_(new QLineEdit(this)),
-      boton_(new QPushButton(QLatin1String(kBotonBuscar), this)), grilla_(new widgets::LynxGrid(this))
+      boton_(new QPushButton(QLatin1String(kBotonBuscar), this)), grilla_(new widgets::LynxGrid(this)),
+      autocompletado_(new widgets::AutoCompleteBox(&ctx.op(), this))
 {
     texto_->setObjectName(QStringLiteral("TextBox_Buscar"));
     boton_->setObjectName(QStringLiteral("Btn_BuscarListas"));
@@ -49,6 +59,8 @@ TabListas::TabListas(Context &ctx, QWidget *parent)
     layout->addLayout(search);
     layout->addWidget(grilla_, 1);
 
+    autocompletado_->AutoCompleteTextbox(texto_);
+    autocompletado_->setAntesDeTecla([this](widgets::AutoComplete &c) { preparar_sugerencias(c); });
     connect(texto_, &QLineEdit::returnPressed, this, &TabListas::buscar);
     connect(boton_, &QPushButton::clicked, this, &TabListas::buscar);
     connect(grilla_, &widgets::LynxGrid::RowColChanged, this, &TabListas::fila_cambiada);
@@ -80,6 +92,22 @@ void TabListas::mostrar_primera()
                                                                                                : base);
     grilla_->setFont(font);
     grilla_->setRow(0);
+}
+
+// At each key: the two settings, read now so a change on the configuration
+// tab counts at once; the items at the first key that needs them, so the
+// start of the program doesn't wait for them.
+void TabListas::preparar_sugerencias(widgets::AutoComplete &completion)
+{
+    const QStringList on = leer_parametros(
+        ctx_.config(), {QStringLiteral("busqueda_autocompletar"), QStringLiteral("busqueda_sugerencias")});
+    completion.setInlineCompletion(on.value(0) == QLatin1String("1"));
+    completion.setUseDropDownList(on.value(1) == QLatin1String("1"));
+    if (sugerencias_cargadas_ || (!completion.InlineCompletion() && !completion.UseDropDownList()))
+        return;
+    completion.Cleartems();
+    completion.AddItemsQuery(ctx_.db(), kSugerencias);
+    sugerencias_cargadas_ = true;
 }
 
 void TabListas::fila_cambiada()
