@@ -20,13 +20,6 @@ constexpr int kAnchos[] = {0, 2200, 1800, 5600, 1000, 1600, 1200};
 constexpr int kColumnaProveedor = 1;
 constexpr int kColumnaPrecio = 6;
 
-// What the search box completes: every supplier, group and brand of the
-// price list once, sorted.
-const QString kSugerencias =
-    QStringLiteral("SELECT Proveedor FROM xls_listas WHERE Proveedor <> '' UNION SELECT Grupo FROM "
-                   "xls_listas WHERE Grupo <> "
-                   "'' UNION SELECT Marca FROM xls_listas WHERE Marca <> '' ORDER BY 1");
-
 } // namespace
 
 TabListas::TabListas(Context &ctx, QWidget *parent)
@@ -106,8 +99,18 @@ void TabListas::preparar_sugerencias(widgets::AutoComplete &completion)
     if (sugerencias_cargadas_ || (!completion.InlineCompletion() && !completion.UseDropDownList()))
         return;
     completion.Cleartems();
-    completion.AddItemsQuery(ctx_.db(), kSugerencias);
+    completion.AddItemsQuery(ctx_.db(), consulta_sugerencias());
     sugerencias_cargadas_ = true;
+}
+
+// Every supplier, group and brand of the price list once (regardless of
+// case, as the columns compare), sorted. The supplier comes from the index by
+// supplier and code; groups and brands take a scan each.
+QString TabListas::consulta_sugerencias()
+{
+    return QStringLiteral("SELECT Proveedor FROM xls_listas WHERE Proveedor <> '' UNION SELECT Grupo FROM "
+                          "xls_listas WHERE Grupo <> '' UNION SELECT Marca FROM xls_listas WHERE Marca <> '' "
+                          "ORDER BY 1");
 }
 
 void TabListas::fila_cambiada()
