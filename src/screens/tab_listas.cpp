@@ -103,14 +103,21 @@ void TabListas::preparar_sugerencias(widgets::AutoComplete &completion)
     sugerencias_cargadas_ = true;
 }
 
-// Every supplier, group and brand of the price list once (regardless of
-// case, as the columns compare), sorted. The supplier comes from the index by
-// supplier and code; groups and brands take a scan each.
+// Every supplier, group and brand of the price list once regardless of case,
+// sorted. The suppliers come seek by seek along the index by supplier and
+// code; groups and brands have no index and share one scan, whose distinct
+// pairs are compared exactly, which is cheaper; the union then merges
+// without regard to case.
 QString TabListas::consulta_sugerencias()
 {
-    return QStringLiteral("SELECT Proveedor FROM xls_listas WHERE Proveedor <> '' UNION SELECT Grupo FROM "
-                          "xls_listas WHERE Grupo <> '' UNION SELECT Marca FROM xls_listas WHERE Marca <> '' "
-                          "ORDER BY 1");
+    return QStringLiteral("WITH RECURSIVE p(x) AS (SELECT min(Proveedor) FROM xls_listas "
+                          "UNION ALL SELECT (SELECT min(Proveedor) FROM xls_listas WHERE Proveedor > x) "
+                          "FROM p WHERE x IS NOT NULL), "
+                          "gm AS MATERIALIZED (SELECT DISTINCT Grupo COLLATE BINARY AS g, "
+                          "Marca COLLATE BINARY AS m FROM xls_listas) "
+                          "SELECT x COLLATE NOCASE FROM p WHERE x <> '' "
+                          "UNION SELECT g FROM gm WHERE g <> '' "
+                          "UNION SELECT m FROM gm WHERE m <> '' ORDER BY 1");
 }
 
 void TabListas::fila_cambiada()

@@ -69,5 +69,19 @@ TEST_F(BusquedaAutocompletada, TramCompletesTramontanoWithTheListAndEnterSearche
     EXPECT_EQ(window->busqueda()->grilla()->CellText(0, 3), QStringLiteral("Martillo"));
 }
 
+TEST_F(BusquedaAutocompletada, SuggestionsAloneListTheItemsAndLeaveTheKeysAsTyped)
+{
+    app.ctx().escribir_parametro(QStringLiteral("busqueda_sugerencias"), QStringLiteral("1"));
+    window->pagina_configuracion()->inicializar();
+    EXPECT_FALSE(window->pagina_configuracion()->check_autocompletar()->isChecked());
+    EXPECT_TRUE(window->pagina_configuracion()->check_sugerencias()->isChecked());
+    QLineEdit *box = window->busqueda()->textoBuscar();
+    test::escribir(box, QStringLiteral("t"));
+    EXPECT_EQ(box->text(), QStringLiteral("t"));
+    const auto *lista = test::hijo<QListView>(*box, "lstDropDownAutoC1");
+    ASSERT_TRUE(lista->isVisible());
+    EXPECT_EQ(lista->model()->rowCount(), 3); // Tornillos, Tramontano, Tuercas
+}
+
 } // namespace
 } // namespace vendrix::screens
