@@ -38,11 +38,26 @@ QGroupBox *marco_medios_de_pago(Context &ctx, QWidget *pagina)
     return marco;
 }
 
+// A check box that writes "1" or "0" to its setting at each change.
+QCheckBox *check_de_ajuste(Context &ctx, const QString &texto, const char *nombre, const char *clave)
+{
+    auto *check = new QCheckBox(texto);
+    check->setObjectName(QString::fromLatin1(nombre));
+    QObject::connect(check, &QCheckBox::toggled, check, [&ctx, clave](bool on) {
+        ctx.escribir_parametro(QString::fromLatin1(clave), on ? QStringLiteral("1") : QStringLiteral("0"));
+    });
+    return check;
+}
+
 } // namespace
 
 PaginaConfiguracion::PaginaConfiguracion(Context &ctx, RuleStore &reglas, FiscalFront *front, QWidget *parent)
     : QWidget(parent), ctx_(ctx), reglas_(new ConfigReglas(ctx, reglas)), precios_(new ConfigPrecios(ctx)),
       carritos_(new QCheckBox(QStringLiteral("Usar cuatro &carritos de compra"))),
+      autocompletar_(check_de_ajuste(ctx, QStringLiteral("&Autocompletar la búsqueda"), "Check_autocompletar",
+                                     "busqueda_autocompletar")),
+      sugerencias_(check_de_ajuste(ctx, QStringLiteral("&Mostrar sugerencias al buscar"), "Check_sugerencias",
+                                   "busqueda_sugerencias")),
       impresora_(new ConfigImpresoraFiscal(ctx, front))
 {
     carritos_->setObjectName(QStringLiteral("Check_carritos"));
@@ -53,6 +68,8 @@ PaginaConfiguracion::PaginaConfiguracion(Context &ctx, RuleStore &reglas, Fiscal
     auto *v = new QVBoxLayout(grupo_precios);
     v->addWidget(precios_);
     v->addWidget(carritos_);
+    v->addWidget(autocompletar_);
+    v->addWidget(sugerencias_);
     v->addStretch(1);
     auto *derecha = new QVBoxLayout;
     derecha->addWidget(grupo_precios, 1);
@@ -68,8 +85,16 @@ void PaginaConfiguracion::inicializar()
 {
     precios_->inicializar();
     reglas_->set_bloqueada(!ctx_.leer_parametro(QStringLiteral("admin_block")).isEmpty());
-    const QSignalBlocker bloqueo(carritos_);
-    carritos_->setChecked(cuatro_carritos(ctx_));
+    const auto marcar = [](QCheckBox *check, bool on) {
+        const QSignalBlocker bloqueo(check);
+        check->setChecked(on);
+    };
+    const auto ajuste = [this](const char *clave) {
+        return ctx_.leer_parametro(QString::fromLatin1(clave)) == QLatin1String("1");
+    };
+    marcar(carritos_, cuatro_carritos(ctx_));
+    marcar(autocompletar_, ajuste("busqueda_autocompletar"));
+    marcar(sugerencias_, ajuste("busqueda_sugerencias"));
     impresora_->inicializar();
 }
 

@@ -27,7 +27,7 @@ public:
                         QWidget *parent = nullptr);
 
     // The set-up at load: the pricing settings, the lock on the rules, the
-    // check box from setting `carritos` and the printer frame.
+    // check boxes from their settings and the printer frame.
     void inicializar();
     // `llenar_grilla("DataGridViewProveedores")`, then the notice of unused
     // rules when the shop asked for it.
@@ -36,6 +36,10 @@ public:
     ConfigReglas *reglas() const { return reglas_; }
     ConfigPrecios *precios() const { return precios_; }
     QCheckBox *check_carritos() const { return carritos_; }
+    // `Check_autocompletar` and `Check_sugerencias`: the settings
+    // `busqueda_autocompletar` and `busqueda_sugerencias` of the search box.
+    QCheckBox *check_autocompletar() const { return autocompletar_; }
+    QCheckBox *check_sugerencias() const { return sugerencias_; }
     ConfigImpresoraFiscal *impresora() const { return impresora_; }
 
 private:
@@ -43,6 +47,8 @@ private:
     ConfigReglas *reglas_;
     ConfigPrecios *precios_;
     QCheckBox *carritos_;
+    QCheckBox *autocompletar_;
+    QCheckBox *sugerencias_;
     ConfigImpresoraFiscal *impresora_;
 };
 

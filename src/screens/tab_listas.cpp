@@ -1,7 +1,9 @@
 #include "screens/tab_listas.h"
 
 #include "core/context.h"
+#include "core/settings_read.h"
 #include "screens/grilla_listas.h"
+#include "widgets/autocomplete_box.h"
 #include "widgets/lynx_grid.h"
 
 #include <QHBoxLayout>
@@ -22,7 +24,8 @@ constexpr int kColumnaPrecio = 6;
 
 TabListas::TabListas(Context &ctx, QWidget *parent)
     : QWidget(parent), ctx_(ctx), texto_(new QLineEdit(this)),
-      boton_(new QPushButton(QLatin1String(kBotonBuscar), this)), grilla_(new widgets::LynxGrid(this))
+      boton_(new QPushButton(QLatin1String(kBotonBuscar), this)), grilla_(new widgets::LynxGrid(this)),
+      autocompletado_(new widgets::AutoCompleteBox(&ctx.op(), this))
 {
     texto_->setObjectName(QStringLiteral("TextBox_Buscar"));
     boton_->setObjectName(QStringLiteral("Btn_BuscarListas"));
@@ -49,6 +52,8 @@ TabListas::TabListas(Context &ctx, QWidget *parent)
     layout->addLayout(search);
     layout->addWidget(grilla_, 1);
 
+    autocompletado_->AutoCompleteTextbox(texto_);
+    autocompletado_->setAntesDeTecla([this](widgets::AutoComplete &c) { preparar_sugerencias(c); });
     connect(texto_, &QLineEdit::returnPressed, this, &TabListas::buscar);
     connect(boton_, &QPushButton::clicked, this, &TabListas::buscar);
     connect(grilla_, &widgets::LynxGrid::RowColChanged, this, &TabListas::fila_cambiada);
@@ -80,6 +85,39 @@ void TabListas::mostrar_primera()
                                                                                                : base);
     grilla_->setFont(font);
     grilla_->setRow(0);
+}
+
+// At each key: the two settings, read now so a change on the configuration
+// tab counts at once; the items at the first key that needs them, so the
+// start of the program doesn't wait for them.
+void TabListas::preparar_sugerencias(widgets::AutoComplete &completion)
+{
+    const QStringList on = leer_parametros(
+        ctx_.config(), {QStringLiteral("busqueda_autocompletar"), QStringLiteral("busqueda_sugerencias")});
+    completion.setInlineCompletion(on.value(0) == QLatin1String("1"));
+    completion.setUseDropDownList(on.value(1) == QLatin1String("1"));
+    if (sugerencias_cargadas_ || (!completion.InlineCompletion() && !completion.UseDropDownList()))
+        return;
+    completion.Cleartems();
+    completion.AddItemsQuery(ctx_.db(), consulta_sugerencias());
+    sugerencias_cargadas_ = true;
+}
+
+// Every supplier, group and brand of the price list once regardless of case,
+// sorted. The suppliers come seek by seek along the index by supplier and
+// code; groups and brands have no index and share one scan, whose distinct
+// pairs are compared exactly, which is cheaper; the union then merges
+// without regard to case.
+QString TabListas::consulta_sugerencias()
+{
+    return QStringLiteral("WITH RECURSIVE p(x) AS (SELECT min(Proveedor) FROM xls_listas "
+                          "UNION ALL SELECT (SELECT min(Proveedor) FROM xls_listas WHERE Proveedor > x) "
+                          "FROM p WHERE x IS NOT NULL), "
+                          "gm AS MATERIALIZED (SELECT DISTINCT Grupo COLLATE BINARY AS g, "
+                          "Marca COLLATE BINARY AS m FROM xls_listas) "
+                          "SELECT x COLLATE NOCASE FROM p WHERE x <> '' "
+                          "UNION SELECT g FROM gm WHERE g <> '' "
+                          "UNION SELECT m FROM gm WHERE m <> '' ORDER BY 1");
 }
 
 void TabListas::fila_cambiada()

@@ -17,8 +17,10 @@ class QPushButton;
 namespace vendrix {
 class Context;
 namespace widgets {
+class AutoComplete;
+class AutoCompleteBox;
 class LynxGrid;
-}
+} // namespace widgets
 } // namespace vendrix
 
 namespace vendrix::screens {
@@ -38,6 +40,13 @@ public:
     // own unless given: it selects the first row, which loads the article.
     void setAcciones(ListActions acciones);
 
+    // The completion of the search box: the suppliers, groups and brands of
+    // the price list, read at the next typed key (the list changed).
+    widgets::AutoCompleteBox *autocompletado() const { return autocompletado_; }
+    void recargar_sugerencias() { sugerencias_cargadas_ = false; }
+    // The query of those items on the price database.
+    static QString consulta_sugerencias();
+
 public Q_SLOTS:
     // `buscar_articulos` with the text of the box.
     void buscar();
@@ -49,6 +58,7 @@ Q_SIGNALS:
 private:
     void fila_cambiada();
     void mostrar_primera();
+    void preparar_sugerencias(widgets::AutoComplete &completion);
 
     Context &ctx_;
     QLineEdit *texto_;
@@ -56,6 +66,8 @@ private:
     widgets::LynxGrid *grilla_;
     std::unique_ptr<GridSink> sink_;
     ListActions acciones_;
+    widgets::AutoCompleteBox *autocompletado_;
+    bool sugerencias_cargadas_ = false;
 };
 
 } // namespace vendrix::screens
