@@ -2,7 +2,9 @@
 
 #include "backoffice/customers/customer_kinds.h"
 #include "core/context.h"
+#include "core/settings_read.h"
 #include "screens/add_customer_dialog.h"
+#include "widgets/autocomplete_box.h"
 #include "widgets/lynx_grid.h"
 
 #include <QComboBox>
@@ -75,6 +77,9 @@ CustomersTab::CustomersTab(Context &ctx, QWidget *parent)
 
     connect(Command_buscarClipro_, &QPushButton::clicked, this, &CustomersTab::buscar_clipro);
     connect(Text_clienteproveedorbuscar_, &QLineEdit::returnPressed, this, &CustomersTab::buscar_clipro);
+    auto *completado = new widgets::AutoCompleteBox(nullptr, this);
+    completado->AutoCompleteTextbox(Text_clienteproveedorbuscar_);
+    completado->setAntesDeTecla([this](widgets::AutoComplete &c) { completar_nombres(c); });
     connect(Command_addClipro_, &QPushButton::clicked, this, &CustomersTab::agregar_clipro);
     connect(Command_clipro_salvar_, &QPushButton::clicked, this, &CustomersTab::salvar_clipro);
     connect(Command_clipro_borrar_, &QPushButton::clicked, this, &CustomersTab::borrar_clipro);
@@ -126,8 +131,23 @@ void CustomersTab::iniciar_grilla_clipro()
     LynxGrid_clipro_->setAllowColumnSort(true);
 }
 
+// The same two settings as the lists' search box, read at each key.
+void CustomersTab::completar_nombres(widgets::AutoComplete &completion)
+{
+    const QStringList on = leer_parametros(
+        ctx_.config(), {QStringLiteral("busqueda_autocompletar"), QStringLiteral("busqueda_sugerencias")});
+    completion.setInlineCompletion(on.value(0) == QLatin1String("1"));
+    completion.setUseDropDownList(on.value(1) == QLatin1String("1"));
+    if (nombres_al_dia_ || (!completion.InlineCompletion() && !completion.UseDropDownList()))
+        return;
+    completion.Cleartems();
+    completion.AddItems(book_.nombres_clipro());
+    nombres_al_dia_ = true;
+}
+
 void CustomersTab::buscar_clipro()
 {
+    nombres_al_dia_ = false;
     widgets::LynxGrid &g = *LynxGrid_clipro_;
     ocupado_ = true;
     g.setRedraw(false);

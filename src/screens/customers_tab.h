@@ -16,6 +16,7 @@ class QPushButton;
 namespace vendrix {
 class Context;
 namespace widgets {
+class AutoComplete;
 class LynxGrid;
 }
 } // namespace vendrix
@@ -50,6 +51,7 @@ private:
     void mostrar_vista();
     void mostrar_botones();
     QString id_seleccionado() const;
+    void completar_nombres(widgets::AutoComplete &completion);
 
     Context &ctx_;
     CustomerBook book_;
@@ -65,6 +67,9 @@ private:
     // While the screen itself writes the boxes or the grid, their change
     // events are not the operator's.
     bool ocupado_ = false;
+    // The names for the search box's completion are read at the first key
+    // after each search, so records added or changed since are offered.
+    bool nombres_al_dia_ = false;
 };
 
 } // namespace vendrix::screens

@@ -85,6 +85,12 @@ TEST(ClientesYProveedores, ANewUserAddsFindsChangesAndDeletesACustomer)
     EXPECT_EQ(QStringList({grilla.CellText(0, 1), grilla.CellText(0, 2), caja("Text_tipocliente")->text()}),
               QStringList({"N", "Bulonera", "Proveedor Mercadería"}));
     EXPECT_FALSE(boton("Command_clipro_borrar")->isEnabled());
+
+    // With completion on, the names complete in the search box.
+    app.ctx().escribir_parametro("busqueda_autocompletar", "1");
+    caja("Text_clienteproveedorbuscar")->clear();
+    test::escribir(caja("Text_clienteproveedorbuscar"), "bul");
+    EXPECT_EQ(caja("Text_clienteproveedorbuscar")->text(), "bulonera");
 }
 
 } // namespace

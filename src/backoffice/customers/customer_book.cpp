@@ -96,6 +96,18 @@ std::optional<std::vector<QString>> CustomerBook::buscar_clipro(const QString &t
     return filas;
 }
 
+QStringList CustomerBook::nombres_clipro() const
+{
+    QStringList nombres;
+    if (auto c =
+            ctx_.db().execQ(QStringLiteral("SELECT DISTINCT Nombre FROM vendrix_clientes WHERE Nombre <> '' "
+                                           "ORDER BY Nombre COLLATE NOCASE"),
+                            kClientes))
+        for (; !c->eof(); c->siguiente())
+            nombres << c->texto(0);
+    return nombres;
+}
+
 bool CustomerBook::id_valido(const QString &id) const
 {
     return es_numerico(id);

@@ -56,6 +56,9 @@ public:
     // emptied, dropping unsaved edits. nullopt when the query failed, after
     // its message.
     std::optional<std::vector<QString>> buscar_clipro(const QString &tipo, const QString &texto);
+    // Every name of a customer or supplier once, sorted, for the search
+    // box's completion.
+    QStringList nombres_clipro() const;
 
     // Loads the record of the grid's row `fila` whose first cell is `id`
     // into the detail. False, after its message, when there is no such
