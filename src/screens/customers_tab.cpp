@@ -2,8 +2,8 @@
 
 #include "backoffice/customers/customer_kinds.h"
 #include "core/context.h"
-#include "core/settings_read.h"
 #include "screens/add_customer_dialog.h"
+#include "screens/search_completion.h"
 #include "widgets/autocomplete_box.h"
 #include "widgets/lynx_grid.h"
 
@@ -131,14 +131,10 @@ void CustomersTab::iniciar_grilla_clipro()
     LynxGrid_clipro_->setAllowColumnSort(true);
 }
 
-// The same two settings as the lists' search box, read at each key.
+// The names of the records, read at the first key after each search.
 void CustomersTab::completar_nombres(widgets::AutoComplete &completion)
 {
-    const QStringList on = leer_parametros(
-        ctx_.config(), {QStringLiteral("busqueda_autocompletar"), QStringLiteral("busqueda_sugerencias")});
-    completion.setInlineCompletion(on.value(0) == QLatin1String("1"));
-    completion.setUseDropDownList(on.value(1) == QLatin1String("1"));
-    if (nombres_al_dia_ || (!completion.InlineCompletion() && !completion.UseDropDownList()))
+    if (!aplicar_ajustes_completado(completion, ctx_.config()) || nombres_al_dia_)
         return;
     completion.Cleartems();
     completion.AddItems(book_.nombres_clipro());

@@ -1,8 +1,8 @@
 #include "screens/tab_listas.h"
 
 #include "core/context.h"
-#include "core/settings_read.h"
 #include "screens/grilla_listas.h"
+#include "screens/search_completion.h"
 #include "widgets/autocomplete_box.h"
 #include "widgets/lynx_grid.h"
 
@@ -92,11 +92,7 @@ void TabListas::mostrar_primera()
 // start of the program doesn't wait for them.
 void TabListas::preparar_sugerencias(widgets::AutoComplete &completion)
 {
-    const QStringList on = leer_parametros(
-        ctx_.config(), {QStringLiteral("busqueda_autocompletar"), QStringLiteral("busqueda_sugerencias")});
-    completion.setInlineCompletion(on.value(0) == QLatin1String("1"));
-    completion.setUseDropDownList(on.value(1) == QLatin1String("1"));
-    if (sugerencias_cargadas_ || (!completion.InlineCompletion() && !completion.UseDropDownList()))
+    if (!aplicar_ajustes_completado(completion, ctx_.config()) || sugerencias_cargadas_)
         return;
     completion.Cleartems();
     completion.AddItemsQuery(ctx_.db(), consulta_sugerencias());
