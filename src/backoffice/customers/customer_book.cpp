@@ -6,6 +6,8 @@
 #include "core/numeric.h"
 #include "core/validators.h"
 
+#include <algorithm>
+
 namespace vendrix {
 
 namespace {
@@ -17,11 +19,24 @@ const QString kAccion = QStringLiteral("A");
 const QString kError = QStringLiteral("E");
 
 // The three fields joined by single blanks; a missing one is an empty text,
-// so that a record without address or CUIT is still found by its name.
-const char *const kBusqueda =
-    "SELECT ID, Borrable, nombre, tipo_doc, cuit, tipo, Direccion, Provincia FROM vendrix_clientes "
-    "WHERE Tipo_record LIKE ? AND plegar(IFNULL(Nombre, '') || ' ' || IFNULL(CUIT, '') || ' ' || "
-    "IFNULL(Direccion, '')) LIKE ? ORDER BY Nombre COLLATE NOCASE";
+// so that a record without address or CUIT is still found by its name. LIKE
+// ignores the case of ASCII letters by itself: the records' text needs
+// folding only when the text sought has other letters (an ASCII pattern
+// can't match them either way), and an empty text finds every record.
+QString consulta_busqueda(const QString &plegado)
+{
+    QString sql = QStringLiteral(
+        "SELECT ID, Borrable, nombre, tipo_doc, cuit, tipo, Direccion, Provincia FROM vendrix_clientes "
+        "WHERE Tipo_record LIKE ?");
+    const QString campos =
+        QStringLiteral("IFNULL(Nombre, '') || ' ' || IFNULL(CUIT, '') || ' ' || IFNULL(Direccion, '')");
+    const bool ascii =
+        std::all_of(plegado.begin(), plegado.end(), [](QChar c) { return c.unicode() < 0x80; });
+    if (!plegado.isEmpty())
+        sql += QStringLiteral(" AND ") + (ascii ? campos : QStringLiteral("plegar(") + campos + ')') +
+               QStringLiteral(" LIKE ?");
+    return sql + QStringLiteral(" ORDER BY Nombre COLLATE NOCASE");
+}
 
 enum CampoFicha {
     kId,
@@ -67,14 +82,18 @@ std::optional<std::vector<QString>> CustomerBook::buscar_clipro(const QString &t
                           ? QStringLiteral("Se realiza una busqueda de tipo 'PROVEEDOR'")
                           : QStringLiteral("Se realiza una busqueda de tipo 'CLIENTE'"),
                       kInfo);
-    const QString sql = QString::fromLatin1(kBusqueda);
+    const QString plegado = plegar_texto(texto);
+    const QString sql = consulta_busqueda(plegado);
     if (ctx_.log().detalle_alto())
         ctx_.escribir_log(sql, QStringLiteral("Q"));
     limpiar_detalle_clipro();
     registrar_plegado(ctx_.db());
     std::optional<std::vector<QString>> filas;
     // Each row straight into its grid line: a search may give every record.
-    if (auto c = ctx_.db().execQ(sql, kClientes, {pct(tipo), pct(plegar_texto(texto))})) {
+    SqlParams valores{pct(tipo)};
+    if (!plegado.isEmpty())
+        valores.push_back(pct(plegado));
+    if (auto c = ctx_.db().execQ(sql, kClientes, valores)) {
         filas.emplace();
         for (; !c->eof(); c->siguiente()) {
             QString linea = c->texto(0);
