@@ -33,6 +33,7 @@ AutoCompleteBox::~AutoCompleteBox()
 void AutoCompleteBox::AutoCompleteTextbox(QLineEdit *box)
 {
     box_ = box;
+    caja_ = box;
     box_->installEventFilter(this);
     if (lista_)
         return;
@@ -50,6 +51,7 @@ void AutoCompleteBox::AutoCompleteTextbox(QLineEdit *box)
     modelo_ = new QStringListModel(lista_);
     lista_->setModel(modelo_);
     lista_->installEventFilter(this);
+    lista_objeto_ = lista_.data();
     connect(lista_, &QListView::clicked, this, [this](const QModelIndex &index) {
         logica_.ClickItem(index.row());
         aplicar();
@@ -69,14 +71,19 @@ void AutoCompleteBox::ShowList()
 
 bool AutoCompleteBox::eventFilter(QObject *watched, QEvent *event)
 {
-    if (box_ && watched == box_.data()) {
+    // A widget being destroyed still sends events, but is no longer of its
+    // own class: they are compared by address and left alone, and the
+    // guarded pointers are not read before that.
+    if (watched == caja_) {
+        if (!qobject_cast<QLineEdit *>(watched))
+            return false;
         if (event->type() == QEvent::KeyPress)
             return tecla_del_cuadro(*static_cast<QKeyEvent *>(event));
         if (event->type() == QEvent::FocusOut)
             perder_foco(static_cast<QFocusEvent *>(event)->reason());
         return false;
     }
-    if (lista_ && watched == lista_.data()) {
+    if (watched == lista_objeto_ && qobject_cast<QListView *>(watched)) {
         switch (event->type()) {
         case QEvent::KeyPress:
         case QEvent::KeyRelease:

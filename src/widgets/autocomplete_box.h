@@ -63,6 +63,9 @@ private:
     Operator *op_;
     QPointer<QLineEdit> box_;
     QPointer<QListView> lista_;
+    // The same two, as plain addresses, to tell whose event comes.
+    const QObject *caja_ = nullptr;
+    const QObject *lista_objeto_ = nullptr;
     QStringListModel *modelo_ = nullptr;
     std::function<void(AutoComplete &)> antes_de_tecla_;
     bool validando_ = false;
