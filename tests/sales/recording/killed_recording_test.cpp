@@ -18,7 +18,7 @@ TEST_F(RegistroMatado, AfterEachKillEveryDocumentIsWholeAndTheFileSound)
     QString documentos;
     for (int vez = 0; vez < 20; ++vez) {
         QProcess proceso;
-        proceso.start(VENDRIX_KILLED_PROCESS, {app.carpeta(), "ventas"});
+        proceso.start(VENDRIX_KILLED_PROCESS, {app.carpeta()});
         ASSERT_TRUE(proceso.waitForStarted());
         QThread::msleep(std::uniform_int_distribution(60, 400)(azar));
         proceso.kill();
