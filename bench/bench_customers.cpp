@@ -28,19 +28,6 @@ namespace {
 
 using namespace vendrix;
 
-class Mudo final : public Operator {
-public:
-    void inform(const QString &, const QString &) override {}
-    void warn(const QString &, const QString &) override {}
-    void error(const QString &, const QString &) override {}
-    bool ask(const QString &, const QString &) override { return false; }
-};
-
-class RelojFijo final : public Clock {
-public:
-    QDateTime now() const override { return QDateTime(QDate(2026, 11, 23), QTime(10, 30)); }
-};
-
 constexpr int kClientes = 100000;
 
 // A shop of 100 000 customers: one name in ten holds "Juan", one in a
@@ -66,9 +53,9 @@ struct Tienda {
             QStringLiteral("internal"));
     }
     QTemporaryDir dir;
-    Mudo op;
+    SilentOperator op;
     SilentStatus estado;
-    RelojFijo reloj;
+    FixedClock reloj{QDateTime(QDate(2026, 11, 23), QTime(10, 30))};
     std::unique_ptr<Context> ctx;
 };
 

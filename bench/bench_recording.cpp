@@ -26,14 +26,6 @@ namespace {
 
 using namespace vendrix;
 
-class Mudo final : public Operator {
-public:
-    void inform(const QString &, const QString &) override {}
-    void warn(const QString &, const QString &) override {}
-    void error(const QString &, const QString &) override {}
-    bool ask(const QString &, const QString &) override { return false; }
-};
-
 // One second later at every reading, so each document has its own reference.
 class RelojQueAvanza final : public Clock {
 public:
@@ -60,7 +52,7 @@ void BM_GuardarVentaDe50Lineas(benchmark::State &state)
             "INSERT INTO xls_listas (ID, Proveedor, Grupo, Codigo, Descripcion, Precio, Moneda) "
             "SELECT i, 'Acme', 'Tornillos', 'T' || i, 'Tornillo ' || i, '1000', '1' FROM n");
     }
-    Mudo op;
+    SilentOperator op;
     SilentStatus estado;
     RelojQueAvanza reloj;
     Context ctx(dir.path(), op, estado, reloj);

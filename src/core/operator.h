@@ -28,6 +28,15 @@ public:
     virtual void marcar_ocupado(bool busy) = 0;
 };
 
+// An operator for tools with no one to ask: it shows nothing and answers No.
+class SilentOperator final : public Operator {
+public:
+    void inform(const QString &, const QString &) override {}
+    void warn(const QString &, const QString &) override {}
+    void error(const QString &, const QString &) override {}
+    bool ask(const QString &, const QString &) override { return false; }
+};
+
 // A status sink for tools with no screen: it remembers the last state only.
 class SilentStatus final : public StatusSink {
 public:

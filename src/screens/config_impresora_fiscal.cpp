@@ -2,6 +2,7 @@
 
 #include "core/context.h"
 #include "fiscal/front/fiscal_commands.h"
+#include "screens/controles_dialogo.h"
 #include "screens/frm_conf_impresora.h"
 
 #include <QCheckBox>
@@ -12,22 +13,15 @@ namespace vendrix::screens {
 
 namespace {
 
-QPushButton *boton(QWidget *parent, const char *nombre, const QString &texto)
-{
-    auto *b = new QPushButton(texto, parent);
-    b->setObjectName(QString::fromLatin1(nombre));
-    return b;
-}
-
 } // namespace
 
 ConfigImpresoraFiscal::ConfigImpresoraFiscal(Context &ctx, FiscalFront *front, QWidget *parent)
     : QGroupBox(QStringLiteral("Impresora fiscal"), parent), ctx_(ctx), front_(front),
       check_(new QCheckBox(QStringLiteral("Usar &impresora fiscal"), this)),
-      configurar_(boton(this, "cmd_configurar_impresora", QStringLiteral("C&onfigurar..."))),
-      cierre_x_(boton(this, "cmd_cierrex", QStringLiteral("Cierre &X"))),
-      cierre_z_(boton(this, "cmd_cierrez", QStringLiteral("Cierre &Z"))),
-      reporte_(boton(this, "Command_reporte_Impresora", QStringLiteral("Re&portes")))
+      configurar_(boton_de_dialogo(this, "cmd_configurar_impresora", QStringLiteral("C&onfigurar..."))),
+      cierre_x_(boton_de_dialogo(this, "cmd_cierrex", QStringLiteral("Cierre &X"))),
+      cierre_z_(boton_de_dialogo(this, "cmd_cierrez", QStringLiteral("Cierre &Z"))),
+      reporte_(boton_de_dialogo(this, "Command_reporte_Impresora", QStringLiteral("Re&portes")))
 {
     setObjectName(QStringLiteral("Frame_impresora"));
     check_->setObjectName(QStringLiteral("Check_impresora"));

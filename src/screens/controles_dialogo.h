@@ -61,6 +61,14 @@ QHBoxLayout *con_flechas(QLineEdit *box, UpDown *flechas);
 
 // A button of a dialog's foot, under its own name.
 QPushButton *boton_de_dialogo(QWidget *dialogo, const QString &nombre, const QString &texto);
+
+// A new control of `parent` with its object name.
+template <typename T> T *control(QWidget *parent, const char *nombre)
+{
+    auto *w = new T(parent);
+    w->setObjectName(QString::fromLatin1(nombre));
+    return w;
+}
 // Lays a dialog out: its form, and under it the accepting button (the
 // default one) and the one that cancels, which closes the dialog.
 void disponer_dialogo(QDialog *dialogo, QFormLayout *form, QPushButton *aceptar, QPushButton *cancelar);

@@ -1,4 +1,5 @@
 #include "screens/customer_detail_boxes.h"
+#include "screens/controles_dialogo.h"
 
 #include "backoffice/customers/customer_kinds.h"
 
@@ -11,13 +12,6 @@ namespace vendrix::screens {
 
 namespace {
 
-QLineEdit *caja(QWidget *parent, const char *nombre)
-{
-    auto *c = new QLineEdit(parent);
-    c->setObjectName(QString::fromLatin1(nombre));
-    return c;
-}
-
 QComboBox *combo(QWidget *parent, const char *nombre, const QStringList &items)
 {
     auto *c = new QComboBox(parent);
@@ -29,17 +23,17 @@ QComboBox *combo(QWidget *parent, const char *nombre, const QStringList &items)
 } // namespace
 
 CustomerDetailBoxes::CustomerDetailBoxes(QWidget *parent)
-    : Text_razonsocialcliente(caja(parent, "Text_razonsocialcliente")),
+    : Text_razonsocialcliente(control<QLineEdit>(parent, "Text_razonsocialcliente")),
       Combo_tipodocCliente(
           combo(parent, "Combo_tipodocCliente", {QStringLiteral("CUIT"), QStringLiteral("DNI")})),
-      TextBox_doccliente(caja(parent, "TextBox_doccliente")),
+      TextBox_doccliente(control<QLineEdit>(parent, "TextBox_doccliente")),
       Combo_tipoivaCliente(combo(parent, "Combo_tipoivaCliente", condiciones_iva_clipro())),
-      TextBox_domicilioCliente(caja(parent, "TextBox_domicilioCliente")),
-      TextBox_localidadCliente(caja(parent, "TextBox_localidadCliente")),
+      TextBox_domicilioCliente(control<QLineEdit>(parent, "TextBox_domicilioCliente")),
+      TextBox_localidadCliente(control<QLineEdit>(parent, "TextBox_localidadCliente")),
       Label_descuento(new QLabel(QStringLiteral("Descuento %"), parent)),
-      TextBox_descuentoCliente(caja(parent, "TextBox_descuentoCliente")),
-      TextBox_emailCliente(caja(parent, "TextBox_emailCliente")),
-      TextBox_telefono(caja(parent, "TextBox_telefono"))
+      TextBox_descuentoCliente(control<QLineEdit>(parent, "TextBox_descuentoCliente")),
+      TextBox_emailCliente(control<QLineEdit>(parent, "TextBox_emailCliente")),
+      TextBox_telefono(control<QLineEdit>(parent, "TextBox_telefono"))
 {
     Label_descuento->setObjectName(QStringLiteral("articulo_label_31"));
     Label_descuento->setBuddy(TextBox_descuentoCliente);

@@ -3,6 +3,7 @@
 #include "backoffice/customers/customer_kinds.h"
 #include "core/context.h"
 #include "screens/add_customer_dialog.h"
+#include "screens/controles_dialogo.h"
 #include "screens/search_completion.h"
 #include "widgets/autocomplete_box.h"
 #include "widgets/lynx_grid.h"
@@ -21,13 +22,6 @@ namespace vendrix::screens {
 
 namespace {
 
-QPushButton *boton(QWidget *parent, const char *nombre, const QString &texto)
-{
-    auto *b = new QPushButton(texto, parent);
-    b->setObjectName(QString::fromLatin1(nombre));
-    return b;
-}
-
 // Widths of the grid's columns in twips, before they fit their contents.
 constexpr int kAnchos[] = {700, 700, 3200, 1400, 1800, 3200, 3200, 2200};
 
@@ -39,11 +33,11 @@ constexpr int kColumnaNombre = 2;
 CustomersTab::CustomersTab(Context &ctx, QWidget *parent)
     : QWidget(parent), ctx_(ctx), book_(ctx), Combo_clienteoproveedor_(new QComboBox(this)),
       Text_clienteproveedorbuscar_(new QLineEdit(this)),
-      Command_buscarClipro_(boton(this, "Command_buscarClipro", QStringLiteral("&Buscar"))),
-      Command_addClipro_(boton(this, "Command_addClipro", QStringLiteral("&Agregar"))),
+      Command_buscarClipro_(boton_de_dialogo(this, "Command_buscarClipro", QStringLiteral("&Buscar"))),
+      Command_addClipro_(boton_de_dialogo(this, "Command_addClipro", QStringLiteral("&Agregar"))),
       LynxGrid_clipro_(new widgets::LynxGrid(this)), Text_tipocliente_(new QLineEdit(this)), cajas_(this),
-      Command_clipro_salvar_(boton(this, "Command_clipro_salvar", QStringLiteral("&Salvar"))),
-      Command_clipro_borrar_(boton(this, "Command_clipro_borrar", QStringLiteral("B&orrar")))
+      Command_clipro_salvar_(boton_de_dialogo(this, "Command_clipro_salvar", QStringLiteral("&Salvar"))),
+      Command_clipro_borrar_(boton_de_dialogo(this, "Command_clipro_borrar", QStringLiteral("B&orrar")))
 {
     Combo_clienteoproveedor_->setObjectName(QStringLiteral("Combo_clienteoproveedor"));
     Text_clienteproveedorbuscar_->setObjectName(QStringLiteral("Text_clienteproveedorbuscar"));

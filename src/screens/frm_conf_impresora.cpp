@@ -8,6 +8,7 @@
 #include "fiscal/front/old_sales_eraser.h"
 #include "fiscal/front/printer_settings.h"
 #include "fiscal/port/serial_port_names.h"
+#include "screens/controles_dialogo.h"
 #include "screens/file_chooser.h"
 #include "screens/filtro_teclas.h"
 
@@ -31,13 +32,6 @@ namespace vendrix::screens {
 namespace {
 
 const QString kLogo = QStringLiteral("logo.jpg");
-
-template <typename T> T *control(QWidget *parent, const char *nombre)
-{
-    auto *w = new T(parent);
-    w->setObjectName(QString::fromLatin1(nombre));
-    return w;
-}
 
 QComboBox *combo(QWidget *parent, const char *nombre, const QStringList &items)
 {

@@ -8,6 +8,7 @@
 #include "core/validators.h"
 #include "sales/carritos.h"
 #include "sales/recording/sale_recording.h"
+#include "screens/controles_dialogo.h"
 #include "screens/filtro_teclas.h"
 #include "widgets/lynx_grid.h"
 
@@ -40,11 +41,6 @@ template <typename W> W *con_nombre(W *w, const char *nombre)
 {
     w->setObjectName(QString::fromLatin1(nombre));
     return w;
-}
-
-QPushButton *boton(QWidget *parent, const char *nombre, const QString &texto)
-{
-    return con_nombre(new QPushButton(texto, parent), nombre);
 }
 
 QCheckBox *casilla(QWidget *parent, const char *nombre, const QString &texto)
@@ -88,10 +84,12 @@ void FrmFacturar::crear_controles()
             [this] { logica_.set_texto(&VistaCheckout::Text_Notas, Text_Notas_->toPlainText()); });
     QWidget *totales = grupo_totales();
 
-    Command_imprimir_ = boton(this, "Command_imprimir", QString());
-    Command_registrar_pedido_ = boton(this, "Command_registrar_pedido", QStringLiteral("Guardar Carrito"));
-    Command_nota_credito_ = boton(this, "Command_nota_credito", QStringLiteral("Registrar Crédito"));
-    Command2_ = boton(this, "Command2", QStringLiteral("Volver"));
+    Command_imprimir_ = boton_de_dialogo(this, "Command_imprimir", QString());
+    Command_registrar_pedido_ =
+        boton_de_dialogo(this, "Command_registrar_pedido", QStringLiteral("Guardar Carrito"));
+    Command_nota_credito_ =
+        boton_de_dialogo(this, "Command_nota_credito", QStringLiteral("Registrar Crédito"));
+    Command2_ = boton_de_dialogo(this, "Command2", QStringLiteral("Volver"));
     // Enter records the sale; Escape goes back, as "Volver" does.
     Command_imprimir_->setDefault(true);
     QFont grande = Command_imprimir_->font();
@@ -159,8 +157,9 @@ QWidget *FrmFacturar::grupo_cliente()
     Text_email_ = caja("Text_email", &VistaCheckout::Text_email);
     Text_email_->installEventFilter(this);
     Text_telefono_ = caja("Text_telefono", &VistaCheckout::Text_telefono);
-    Command_agregarrs_ = boton(grupo, "Command_agregarrs", QStringLiteral("Agregar Cliente"));
-    Command_recuperar_datos_CUIT_ = boton(grupo, "Command_recuperar_datos_CUIT", QStringLiteral("AFIP"));
+    Command_agregarrs_ = boton_de_dialogo(grupo, "Command_agregarrs", QStringLiteral("Agregar Cliente"));
+    Command_recuperar_datos_CUIT_ =
+        boton_de_dialogo(grupo, "Command_recuperar_datos_CUIT", QStringLiteral("AFIP"));
 
     auto *documento = new QHBoxLayout;
     documento->addWidget(Combo_tipo_doc_);

@@ -2,6 +2,7 @@
 
 #include "backoffice/payment/payment_methods.h"
 #include "core/context.h"
+#include "screens/controles_dialogo.h"
 #include "widgets/lynx_grid.h"
 
 #include <QComboBox>
@@ -12,13 +13,6 @@
 namespace vendrix::screens {
 
 namespace {
-
-QLineEdit *caja(QWidget *parent, const char *nombre)
-{
-    auto *c = new QLineEdit(parent);
-    c->setObjectName(QString::fromLatin1(nombre));
-    return c;
-}
 
 QComboBox *combo_de_tipos(QWidget *parent, const char *nombre)
 {
@@ -33,8 +27,10 @@ QComboBox *combo_de_tipos(QWidget *parent, const char *nombre)
 
 FrmMediosDePago::FrmMediosDePago(Context &ctx, QWidget *parent)
     : FrmListaDePago(ctx, columnas_medios_de_pago(), {0, 0, 2400, 3000, 1100, 1100, 1500, 900}, parent),
-      Text_mediodepago_(caja(this, "Text_mediodepago")), Text_descripcion_(caja(this, "Text_descripcion")),
-      Text_cuotas_(caja(this, "Text_cuotas")), Text_recargo_(caja(this, "Text_recargo")),
+      Text_mediodepago_(control<QLineEdit>(this, "Text_mediodepago")),
+      Text_descripcion_(control<QLineEdit>(this, "Text_descripcion")),
+      Text_cuotas_(control<QLineEdit>(this, "Text_cuotas")),
+      Text_recargo_(control<QLineEdit>(this, "Text_recargo")),
       Combo_tipo_de_medio_(combo_de_tipos(this, "Combo_tipo_de_medio")),
       Combo_tipo_medio_edit_(combo_de_tipos(grilla()->view()->viewport(), "Combo_tipo_medio_edit"))
 {

@@ -9,7 +9,7 @@
 namespace vendrix {
 namespace {
 
-using Bio = std::unique_ptr<BIO, openssl::Liberar<BIO, BIO_free_all>>;
+using openssl::Bio;
 using Cms = std::unique_ptr<CMS_ContentInfo, openssl::Liberar<CMS_ContentInfo, CMS_ContentInfo_free>>;
 
 FirmaCms fallo(const QString &texto)
@@ -41,9 +41,7 @@ FirmaCms firmar_cms(const QByteArray &datos, const QString &ruta_certificado, co
     Bio salida(BIO_new(BIO_s_mem()));
     if (!cms || i2d_CMS_bio(salida.get(), cms.get()) != 1)
         return fallo(QStringLiteral("No se pudo firmar con el certificado '%1'.").arg(ruta_certificado));
-    char *der = nullptr;
-    const long largo = BIO_get_mem_data(salida.get(), &der);
-    return {QByteArray(der, static_cast<int>(largo)), {}};
+    return {openssl::leer_bio(salida.get()), {}};
 }
 
 } // namespace vendrix

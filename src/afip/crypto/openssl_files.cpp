@@ -9,8 +9,6 @@
 namespace vendrix::openssl {
 namespace {
 
-using Bio = std::unique_ptr<BIO, Liberar<BIO, BIO_free_all>>;
-
 // OpenSSL's default would prompt for a password on the terminal.
 int sin_contrasena(char *, int, int, void *)
 {
@@ -57,6 +55,13 @@ Llave leer_llave(const QString &ruta)
     }
     ERR_clear_error();
     return llave;
+}
+
+QByteArray leer_bio(BIO *bio)
+{
+    char *datos = nullptr;
+    const long largo = BIO_get_mem_data(bio, &datos);
+    return QByteArray(datos, static_cast<int>(largo));
 }
 
 } // namespace vendrix::openssl

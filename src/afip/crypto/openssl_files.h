@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
+#include <openssl/bio.h>
 #include <openssl/evp.h>
 #include <openssl/x509.h>
 
@@ -14,6 +16,10 @@ template <typename T, void (*Free)(T *)> struct Liberar {
 };
 using Certificado = std::unique_ptr<X509, Liberar<X509, X509_free>>;
 using Llave = std::unique_ptr<EVP_PKEY, Liberar<EVP_PKEY, EVP_PKEY_free>>;
+using Bio = std::unique_ptr<BIO, Liberar<BIO, BIO_free_all>>;
+
+// What a memory BIO holds.
+QByteArray leer_bio(BIO *bio);
 
 // A certificate from a PEM or DER file; null when the file is missing or
 // holds neither.

@@ -1,5 +1,7 @@
 #include "afip/crypto/test_authority.h"
 
+#include "afip/crypto/openssl_files.h"
+
 #include <QHostAddress>
 
 #include <openssl/bio.h>
@@ -15,24 +17,15 @@
 namespace vendrix {
 namespace {
 
-template <typename T, void (*Free)(T *)> struct Liberar {
-    void operator()(T *p) const { Free(p); }
-};
-using Llave = std::unique_ptr<EVP_PKEY, Liberar<EVP_PKEY, EVP_PKEY_free>>;
-using Certificado = std::unique_ptr<X509, Liberar<X509, X509_free>>;
-using Bio = std::unique_ptr<BIO, Liberar<BIO, BIO_free_all>>;
+using openssl::Bio;
+using openssl::Certificado;
+using openssl::leer_bio;
+using openssl::Llave;
 
 void exigir(bool ok, const char *paso)
 {
     if (!ok)
         throw std::runtime_error(std::string("No se pudo emitir el certificado de prueba: ") + paso);
-}
-
-QByteArray leer_bio(BIO *bio)
-{
-    char *datos = nullptr;
-    const long largo = BIO_get_mem_data(bio, &datos);
-    return QByteArray(datos, static_cast<int>(largo));
 }
 
 QByteArray pem_de(X509 *cert)

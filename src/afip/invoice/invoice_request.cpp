@@ -31,6 +31,17 @@ void log_importe(Context &ctx, const char *que, const QString &texto, double val
                      QStringLiteral("I"));
 }
 
+// The request's IVA and total from its net and the rates' amounts, logged.
+void completar_totales(Context &ctx, ImportesPedido &r, double neto, double iva)
+{
+    iva = redondear(iva, 2);
+    r.iva = importe_pedido(iva);
+    log_importe(ctx, "del iva", r.iva, iva);
+    const double total = redondear(neto + iva, 2);
+    r.total = importe_pedido(total);
+    log_importe(ctx, "total", r.total, total);
+}
+
 ImportesPedido sin_iva(double bruto)
 {
     const QString total = importe_pedido(bruto);
@@ -102,12 +113,7 @@ ImportesPedido importes_factura(Context &ctx, const TotalesFactura &t, bool mono
         r.iva_105 = bloque_alicuota(4, base, importe);
         iva += importe;
     }
-    iva = redondear(iva, 2);
-    r.iva = importe_pedido(iva);
-    log_importe(ctx, "del iva", r.iva, iva);
-    const double total = redondear(iva + neto, 2);
-    r.total = importe_pedido(total);
-    log_importe(ctx, "total", r.total, total);
+    completar_totales(ctx, r, neto, iva);
     return r;
 }
 
@@ -132,12 +138,7 @@ ImportesPedido importes_nota_de_credito(Context &ctx, double bruto_21, double br
         r.iva_105 = bloque_alicuota(4, redondear(bruto_105 / 1.105, 2), importe);
         iva += importe;
     }
-    iva = redondear(iva, 2);
-    r.iva = importe_pedido(iva);
-    log_importe(ctx, "del iva", r.iva, iva);
-    const double total = redondear(neto + iva, 2);
-    r.total = importe_pedido(total);
-    log_importe(ctx, "total", r.total, total);
+    completar_totales(ctx, r, neto, iva);
     return r;
 }
 

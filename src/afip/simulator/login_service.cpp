@@ -1,5 +1,6 @@
 #include "afip/simulator/login_service.h"
 
+#include "afip/crypto/openssl_files.h"
 #include "afip/simulator/xml_tree.h"
 #include "core/clock.h"
 
@@ -16,12 +17,11 @@ namespace vendrix::simulador {
 
 namespace {
 
-template <typename T, void (*Free)(T *)> struct Liberar {
-    void operator()(T *p) const { Free(p); }
-};
-using Bio = std::unique_ptr<BIO, Liberar<BIO, BIO_free_all>>;
+using openssl::Bio;
+using openssl::Certificado;
+using openssl::leer_bio;
+using openssl::Liberar;
 using Cms = std::unique_ptr<CMS_ContentInfo, Liberar<CMS_ContentInfo, CMS_ContentInfo_free>>;
-using Certificado = std::unique_ptr<X509, Liberar<X509, X509_free>>;
 using Almacen = std::unique_ptr<X509_STORE, Liberar<X509_STORE, X509_STORE_free>>;
 using Contexto = std::unique_ptr<X509_STORE_CTX, Liberar<X509_STORE_CTX, X509_STORE_CTX_free>>;
 
@@ -39,13 +39,6 @@ struct Verificacion {
     QString codigo;
     QString texto;
 };
-
-QByteArray leer_bio(BIO *bio)
-{
-    char *datos = nullptr;
-    const long largo = BIO_get_mem_data(bio, &datos);
-    return QByteArray(datos, static_cast<int>(largo));
-}
 
 QString sujeto(X509 *cert)
 {

@@ -3,28 +3,16 @@
 // device to set as the printer's port, then each line the printer prints,
 // until Ctrl+C.
 #include "commands.h"
+#include "stop_signal.h"
 
 #include "fiscal/emulator/hasar_emulator.h"
 #include "fiscal/hasar/hasar_models.h"
 
 #include <QTextStream>
 
-#include <atomic>
-#include <csignal>
 #include <stdexcept>
 
 namespace vendrix::cli {
-
-namespace {
-
-std::atomic<bool> g_detener{false};
-
-void al_interrumpir(int)
-{
-    g_detener = true;
-}
-
-} // namespace
 
 int cmd_emular_hasar(const CliArgs &args)
 {
@@ -51,9 +39,8 @@ int cmd_emular_hasar(const CliArgs &args)
             out << linea << '\n';
             out.flush();
         });
-        std::signal(SIGINT, al_interrumpir);
-        std::signal(SIGTERM, al_interrumpir);
-        emulador.servir(g_detener);
+        const std::atomic<bool> &detener = detener_con_senal();
+        emulador.servir(detener);
     } catch (const std::runtime_error &e) {
         err << "No se pudo crear el puerto de la impresora emulada: " << e.what() << '\n';
         return 1;

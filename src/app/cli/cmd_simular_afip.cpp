@@ -3,6 +3,7 @@
 // AFIP. It prints the settings a shop needs (and writes them with
 // --tienda), then one line per request, until Ctrl+C.
 #include "commands.h"
+#include "stop_signal.h"
 
 #include "afip/simulator/afip_simulator.h"
 #include "afip/simulator/simulator_credentials.h"
@@ -15,21 +16,7 @@
 #include <QTextStream>
 #include <QTimer>
 
-#include <atomic>
-#include <csignal>
-
 namespace vendrix::cli {
-
-namespace {
-
-std::atomic<bool> g_detener{false};
-
-void al_interrumpir(int)
-{
-    g_detener = true;
-}
-
-} // namespace
 
 int cmd_simular_afip(const CliArgs &args)
 {
@@ -94,11 +81,10 @@ int cmd_simular_afip(const CliArgs &args)
             << '\n';
         out.flush();
     });
-    std::signal(SIGINT, al_interrumpir);
-    std::signal(SIGTERM, al_interrumpir);
+    const std::atomic<bool> &detener = detener_con_senal();
     QTimer vigia;
-    QObject::connect(&vigia, &QTimer::timeout, [] {
-        if (g_detener)
+    QObject::connect(&vigia, &QTimer::timeout, [&detener] {
+        if (detener)
             QCoreApplication::quit();
     });
     vigia.start(200);
