@@ -17,8 +17,8 @@
 //                                p50 10.7 us, max 107-253 us
 #include "catalogue/pricelist/build/price_file_builder.h"
 #include "catalogue/pricelist/demo/demo_lists.h"
+#include "catalogue/search/search_suggestions.h"
 #include "core/context.h"
-#include "screens/tab_listas.h"
 #include "widgets/autocomplete.h"
 
 #include <QDir>
@@ -97,7 +97,7 @@ void BM_CargarSugerencias_Millon(benchmark::State &state)
     widgets::AutoComplete completion;
     for (auto _ : state) {
         completion.Cleartems();
-        completion.AddItemsQuery(e.ctx.db(), screens::TabListas::consulta_sugerencias());
+        completion.AddItemsQuery(e.ctx.db(), consulta_sugerencias());
         // The first key also sorts the items for the lookups.
         benchmark::DoNotOptimize(completion.Lookup(QStringLiteral("t")));
     }

@@ -1,5 +1,6 @@
 #include "screens/tab_listas.h"
 
+#include "catalogue/search/search_suggestions.h"
 #include "core/context.h"
 #include "screens/grilla_listas.h"
 #include "screens/search_completion.h"
@@ -97,23 +98,6 @@ void TabListas::preparar_sugerencias(widgets::AutoComplete &completion)
     completion.Cleartems();
     completion.AddItemsQuery(ctx_.db(), consulta_sugerencias());
     sugerencias_cargadas_ = true;
-}
-
-// Every supplier, group and brand of the price list once regardless of case,
-// sorted. The suppliers come seek by seek along the index by supplier and
-// code; groups and brands have no index and share one scan, whose distinct
-// pairs are compared exactly, which is cheaper; the union then merges
-// without regard to case.
-QString TabListas::consulta_sugerencias()
-{
-    return QStringLiteral("WITH RECURSIVE p(x) AS (SELECT min(Proveedor) FROM xls_listas "
-                          "UNION ALL SELECT (SELECT min(Proveedor) FROM xls_listas WHERE Proveedor > x) "
-                          "FROM p WHERE x IS NOT NULL), "
-                          "gm AS MATERIALIZED (SELECT DISTINCT Grupo COLLATE BINARY AS g, "
-                          "Marca COLLATE BINARY AS m FROM xls_listas) "
-                          "SELECT x COLLATE NOCASE FROM p WHERE x <> '' "
-                          "UNION SELECT g FROM gm WHERE g <> '' "
-                          "UNION SELECT m FROM gm WHERE m <> '' ORDER BY 1");
 }
 
 void TabListas::fila_cambiada()

@@ -44,8 +44,6 @@ public:
     // the price list, read at the next typed key (the list changed).
     widgets::AutoCompleteBox *autocompletado() const { return autocompletado_; }
     void recargar_sugerencias() { sugerencias_cargadas_ = false; }
-    // The query of those items on the price database.
-    static QString consulta_sugerencias();
 
 public Q_SLOTS:
     // `buscar_articulos` with the text of the box.
