@@ -169,13 +169,16 @@ bool imprimir_y_guardar(Context &ctx, FiscalFront &front, Checkout &checkout, Ca
                           QStringLiteral("'."));
 
     QString reemplaza;
+    qint64 id_factura = 0;
     if (o.guardar)
         reemplaza = preparar_referencia(ctx, checkout, o.es_carrito);
     DocumentoVenta doc = armar_documento(ctx, checkout, tipo, o.es_credito, f, autorizacion);
     doc.reemplaza = reemplaza;
     if (electronica)
         doc.cae_pendiente = checkout.vista().Text_referenciaExterna;
-    if (o.guardar && guardar_documento(ctx, doc) == 0) {
+    if (o.guardar)
+        id_factura = guardar_documento(ctx, doc);
+    if (o.guardar && id_factura == 0) {
         // Nothing of the document is in the database; the log keeps all of it.
         log_registro(ctx,
                      QStringLiteral("No se pudo guardar el comprobante en la base de datos. Datos del "
@@ -200,7 +203,7 @@ bool imprimir_y_guardar(Context &ctx, FiscalFront &front, Checkout &checkout, Ca
     if (o.imprimir) {
         if (electronica) {
             estado.marcar_ocupado(true);
-            seguimiento.factura_electronica(checkout, doc);
+            seguimiento.factura_electronica(checkout, doc, id_factura);
         } else {
             ctx.op().inform(QStringLiteral("Impresión Correcta"),
                             QStringLiteral("Se imprimio el Ticket Factura ") +

@@ -27,9 +27,10 @@ public:
     // While the device works the checkout is out of the operator's way.
     virtual void ocultar_formulario() {}
     virtual void mostrar_formulario() {}
-    // An electronic invoice authorised by AFIP: the completion screen with
-    // the CAE and the facsimile. Nothing until those screens exist.
-    virtual void factura_electronica(const Checkout &, const DocumentoVenta &) {}
+    // An electronic invoice authorised by AFIP and stored as `id_factura`
+    // (0 when it couldn't be stored): the completion screen with the CAE,
+    // then the facsimile and its sending.
+    virtual void factura_electronica(const Checkout &, const DocumentoVenta &, qint64 /*id_factura*/) {}
     // The print of the sale note of the stored sale; false when the operator
     // cancelled it, and while there is no print.
     virtual bool imprimir_nota_de_venta(const Checkout &, const DocumentoVenta &) { return false; }
