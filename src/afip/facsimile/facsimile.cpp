@@ -116,7 +116,7 @@ QString imagen_junto(Context &ctx, const QImage &imagen, const QString &carpeta,
         return {};
     }
     return QStringLiteral("<img src=\"%1\" width=\"%2\" height=\"%3\" alt=\"\">")
-        .arg(archivo)
+        .arg(archivo.toHtmlEscaped())
         .arg(ancho)
         .arg(alto);
 }
@@ -222,9 +222,9 @@ Facsimil imprimir_facsimil_FE(Context &ctx, Escritorio &escritorio, qint64 id_fa
     const double factor = 1 - opciones.descuento_pct / 100;
     const std::vector<LineaFacsimil> lineas =
         opciones.lineas_carrito ? *opciones.lineas_carrito : lineas_guardadas(ctx, id_factura, letra);
-    QString tabla = opciones.resumido
-                        ? fila_resumida(valor_texto(es_a ? campo(kNeto) : campo(kTotal)), angosto)
-                        : filas_articulos(lineas, letra, factor, angosto);
+    QString tabla = encabezado_articulos(angosto);
+    tabla += opciones.resumido ? fila_resumida(valor_texto(es_a ? campo(kNeto) : campo(kTotal)), angosto)
+                               : filas_articulos(lineas, letra, factor, angosto);
     const IvaFacsimil iva = iva_de_lineas(lineas, factor);
     poner(QStringLiteral("%VTA_IVA21%"), formatear(iva.iva21, u"####0.00"));
     poner(QStringLiteral("%VTA_IVA105%"), formatear(iva.iva105, u"####0.00"));

@@ -54,6 +54,15 @@ QString bloque_iva_discriminado(bool angosto)
                           "<td>%VTA_IVA105%</td><td>%VTA_IVA21%</td><td>%VTA_IVA%</td></tr></table>");
 }
 
+QString encabezado_articulos(bool angosto)
+{
+    if (angosto)
+        return QStringLiteral("<tr><th align=\"left\">Detalle</th><th align=\"right\">Importe</th></tr>");
+    return QStringLiteral("<tr><th align=\"left\" width=\"10%\">Cant.</th><th align=\"left\" "
+                          "width=\"60%\">Descripci&oacute;n</th><th align=\"right\" width=\"15%\">P. "
+                          "unitario</th><th align=\"right\" width=\"15%\">Importe</th></tr>");
+}
+
 IvaFacsimil iva_de_lineas(const std::vector<LineaFacsimil> &lineas, double factor)
 {
     double neto21 = 0;

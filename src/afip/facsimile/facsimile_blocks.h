@@ -24,6 +24,10 @@ struct IvaFacsimil {
 };
 IvaFacsimil iva_de_lineas(const std::vector<LineaFacsimil> &lineas, double factor);
 
+// The heading row of the item table: four columns on the wide page, the
+// detail and the amount on the narrow one.
+QString encabezado_articulos(bool angosto);
+
 // The rows of the item table. A factura A shows its unit prices without
 // IVA; the others as they are, with the rate after the description. Every
 // price takes the discount `factor`. Descriptions go as HTML entities.

@@ -18,7 +18,7 @@ namespace {
 // The width the page is laid out at, in CSS pixels: the template's wide
 // tables take 1000 px, a roll of 80 mm prints about 72 mm.
 constexpr double kAnchoA4 = 1040;
-constexpr double kAnchoRollo = 300;
+constexpr double kAnchoRollo = 360;
 constexpr double kMargenMm = 10;
 constexpr double kMargenRolloMm = 4;
 
@@ -26,8 +26,10 @@ constexpr double kMargenRolloMm = 4;
 
 bool escribir_pdf_facsimil(const QString &html, const QString &carpeta, const QString &ruta_pdf, bool angosto)
 {
-    // A picture hidden by a zero width would show as a missing image here.
+    // A picture hidden by a zero width would show as a missing image here,
+    // and "</br>", which browsers take as a line break, would be dropped.
     QString pagina = html;
+    pagina.replace(QStringLiteral("</br>"), QStringLiteral("<br>"));
     pagina.remove(QRegularExpression(QStringLiteral("<img[^>]*width:\\s*0px;?\"[^>]*>")));
 
     QTextDocument doc;
