@@ -43,4 +43,13 @@ QString html_a_texto(const QString &texto)
     return resultado;
 }
 
+QString texto_a_html(const QString &texto)
+{
+    QString resultado = texto;
+    resultado.replace(QLatin1Char('&'), QStringLiteral("&amp;;"));
+    for (const auto &e : kEntidades)
+        resultado.replace(QChar(e.caracter), QLatin1Char('&') + QLatin1String(e.nombre) + QLatin1Char(';'));
+    return resultado;
+}
+
 } // namespace vendrix

@@ -9,4 +9,9 @@ namespace vendrix {
 // entities (&amp;, &lt;...) are left as they are.
 QString html_a_texto(const QString &texto);
 
+// The other way: "&" first becomes "&amp;;" (the double semicolon is what
+// the pages and mails have always carried), then every character of the
+// same table becomes its named entity, e.g. "Crédito" -> "Cr&eacute;dito".
+QString texto_a_html(const QString &texto);
+
 } // namespace vendrix
