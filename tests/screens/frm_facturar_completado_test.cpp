@@ -8,50 +8,27 @@ namespace {
 
 using test::hijo;
 
-class Completado : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        app.ctx().escribir_parametro("FE_cert_vence_en_30", "FALSE");
-        pantalla = std::make_unique<FrmFacturarCompletado>(
-            app.ctx(), DatosCompletado{kTipoAfip, "76123456789012", "", "1145", "Efectivo", "Listo."});
-        pantalla->show();
-    }
+TEST(FrmFacturarCompletado, CloseAsksFirstAndThePrintButtonAsksForTheFacsimile)
+{
     test::TestApp app;
-    std::unique_ptr<FrmFacturarCompletado> pantalla;
-};
+    FrmFacturarCompletado pantalla(app.ctx(),
+                                   {kTipoAfip, "76123456789012", "", "1145", "Efectivo", "Listo."});
+    pantalla.show();
+    EXPECT_EQ(hijo<QPushButton>(pantalla, "Command_whatsapp")->text(), "Enviar por Whastapp");
+    // The address typed is the one the mail takes.
+    test::escribir(hijo(pantalla, "Text_email"), "ana@example.com");
 
-TEST_F(Completado, ThePrintButtonAsksForTheFacsimileAndCloses)
-{
-    EXPECT_FALSE(hijo<QPushButton>(*pantalla, "Command_mail")->isEnabled());
-    EXPECT_FALSE(hijo<QLabel>(*pantalla, "Label_certificado")->isVisible());
-    EXPECT_EQ(hijo<QPushButton>(*pantalla, "Command_whatsapp")->text(), "Enviar por Whastapp");
-    // Typing an address turns the mail on before the field is left.
-    test::escribir(hijo(*pantalla, "Text_email"), "ana@example.com");
-    EXPECT_TRUE(hijo<QPushButton>(*pantalla, "Command_mail")->isEnabled());
+    app.op.answer(false);
+    QTest::keyClick(&pantalla, Qt::Key_Escape);
+    EXPECT_TRUE(pantalla.isVisible());
+    EXPECT_EQ(app.op.lines(),
+              QStringList{"ask|Cerrar ventana|La factura generada no será impresa ni enviada al "
+                          "cliente en este momento - Está de acuerdo?"});
 
-    auto *facsimil = hijo<QPushButton>(*pantalla, "Command_facsimil");
-    ASSERT_EQ(facsimil->text(), "Imprimir Facsimil");
-    facsimil->click();
-    EXPECT_FALSE(pantalla->isVisible());
-    EXPECT_EQ(pantalla->result(), QDialog::Accepted);
-    EXPECT_TRUE(pantalla->pedido().facsimil);
-    EXPECT_FALSE(pantalla->pedido().mail || pantalla->pedido().whatsapp);
-    EXPECT_EQ(pantalla->pedido().email, "ana@example.com");
-    EXPECT_TRUE(app.op.empty());
-}
-
-TEST_F(Completado, TheOperatorsCloseAsksAndNoKeepsTheScreen)
-{
-    app.op.answers_in_order({false, true});
-    QTest::keyClick(pantalla.get(), Qt::Key_Escape);
-    EXPECT_TRUE(pantalla->isVisible());
-    QTest::keyClick(pantalla.get(), Qt::Key_Escape);
-    EXPECT_FALSE(pantalla->isVisible());
-    EXPECT_EQ(app.op.texts(),
-              QStringList(2, "La factura generada no será impresa ni enviada al cliente en este "
-                             "momento - Está de acuerdo?"));
-    EXPECT_FALSE(pantalla->pedido().facsimil || pantalla->pedido().mail || pantalla->pedido().whatsapp);
+    hijo<QPushButton>(pantalla, "Command_facsimil")->click();
+    EXPECT_FALSE(pantalla.isVisible());
+    EXPECT_TRUE(pantalla.pedido().facsimil && !pantalla.pedido().mail && !pantalla.pedido().whatsapp);
+    EXPECT_EQ(pantalla.pedido().email, "ana@example.com");
 }
 
 } // namespace
