@@ -7,9 +7,11 @@
 #include "core/numeric.h"
 #include "core/validators.h"
 #include "sales/carritos.h"
+#include "sales/delivery/delivery.h"
 #include "sales/recording/sale_recording.h"
 #include "screens/controles_dialogo.h"
 #include "screens/filtro_teclas.h"
+#include "screens/frm_facturar_completado.h"
 #include "widgets/lynx_grid.h"
 
 #include <QCheckBox>
@@ -357,22 +359,48 @@ namespace {
 // modally (hiding ends it), so it is only out of reach while the device works.
 class SeguimientoPantalla final : public SeguimientoVenta {
 public:
-    explicit SeguimientoPantalla(QDialog &dialogo) : dialogo_(dialogo) {}
+    SeguimientoPantalla(QDialog &dialogo, ServiciosEntrega &entrega) : dialogo_(dialogo), entrega_(entrega) {}
     void ocultar_formulario() override { dialogo_.setEnabled(false); }
     void mostrar_formulario() override { dialogo_.setEnabled(true); }
 
+    // The completion screen, then what the operator asked on it.
+    void factura_electronica(const Checkout &checkout, const DocumentoVenta &doc, qint64 id_factura) override
+    {
+        Context &ctx = entrega_.ctx;
+        const VistaCheckout &v = checkout.vista();
+        const QString cae = doc.cabecera.cae;
+        DatosCompletado datos{kTipoAfip,
+                              cae,
+                              v.Text_email,
+                              v.Text_telefono,
+                              doc.cabecera.forma_de_pago,
+                              QStringLiteral("La AFIP guardo la venta correctamente con el número de CAE '") +
+                                  cae + QLatin1Char('.')};
+        // The operator works on the screen: the rest of the program is
+        // out of reach only because it is modal.
+        ctx.estado().marcar_ocupado(false);
+        FrmFacturarCompletado pantalla(ctx, std::move(datos), &dialogo_);
+        pantalla.exec();
+        ctx.estado().marcar_ocupado(true);
+        entregar_factura(entrega_, pantalla.pedido(), id_factura, opciones_facsimil_venta(ctx, checkout, doc),
+                         v.Text_rz);
+    }
+
 private:
     QDialog &dialogo_;
+    ServiciosEntrega &entrega_;
 };
 
 } // namespace
 
-void facturar_carrito(Context &ctx, Carritos &carritos, int numero, FiscalFront &front, QWidget *parent)
+void facturar_carrito(Context &ctx, Carritos &carritos, int numero, FiscalFront &front,
+                      Escritorio &escritorio, ClienteHttp &http, QWidget *parent)
 {
     if (!carrito_para_facturar(ctx, carritos.carrito(numero)))
         return;
     FrmFacturar dialogo(ctx, carritos, numero, parent);
-    SeguimientoPantalla seguimiento(dialogo);
+    ServiciosEntrega entrega{ctx, escritorio, http};
+    SeguimientoPantalla seguimiento(dialogo, entrega);
     QObject::connect(&dialogo, &FrmFacturar::registrar_venta, &dialogo, [&](PasoVenta paso) {
         if (imprimir_y_guardar(ctx, front, dialogo.logica(), carritos, opciones_de(paso), seguimiento))
             dialogo.accept();

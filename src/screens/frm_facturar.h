@@ -13,7 +13,9 @@ class QPushButton;
 
 namespace vendrix {
 class Carritos;
+class ClienteHttp;
 class Context;
+class Escritorio;
 class FiscalFront;
 } // namespace vendrix
 
@@ -85,7 +87,10 @@ private:
 
 // The carts' "Facturar": the dialog on cart `numero`, unless the cart is
 // empty or its total is zero (then its message). Its actions record the
-// sale through `front`; a recorded sale closes the dialog.
-void facturar_carrito(Context &ctx, Carritos &carritos, int numero, FiscalFront &front, QWidget *parent);
+// sale through `front`; a recorded sale closes the dialog. An electronic
+// invoice's copy is opened or sent through `escritorio`, and uploaded to
+// the vendor's service through `http`.
+void facturar_carrito(Context &ctx, Carritos &carritos, int numero, FiscalFront &front,
+                      Escritorio &escritorio, ClienteHttp &http, QWidget *parent);
 
 } // namespace vendrix::screens

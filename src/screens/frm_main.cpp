@@ -10,6 +10,7 @@
 #include "core/shutdown.h"
 #include "core/status_indicators.h"
 #include "fiscal/front/fiscal_front.h"
+#include "online/system_desktop.h"
 #include "sales/carritos.h"
 #include "sales/recording/cae_recovery.h"
 #include "screens/carrito_tab.h"
@@ -88,7 +89,8 @@ QWidget *pagina_de_texto(const QString &texto)
 } // namespace
 
 FrmMain::FrmMain(Context &ctx, QWidget *parent)
-    : QMainWindow(parent), ctx_(ctx), front_(std::make_unique<FiscalFront>(ctx))
+    : QMainWindow(parent), ctx_(ctx), front_(std::make_unique<FiscalFront>(ctx)),
+      escritorio_(std::make_unique<EscritorioSistema>()), http_(std::make_unique<ClienteHttpQt>(ctx))
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Vendrix"));
@@ -182,7 +184,7 @@ QWidget *FrmMain::crear_pestana_listas()
     layout->addWidget(carritos_);
     listas_->conectar_carritos(carritos_);
     connect(carritos_, &screens::TabChangos::facturar_pedido, this, [this](int numero) {
-        screens::facturar_carrito(ctx_, carritos_->carritos(), numero, *front_, this);
+        screens::facturar_carrito(ctx_, carritos_->carritos(), numero, *front_, *escritorio_, *http_, this);
         // A recorded sale has emptied its cart.
         carritos_->pagina(numero)->mostrar();
     });

@@ -14,7 +14,9 @@ class QTabWidget;
 
 namespace vendrix {
 
+class ClienteHttp;
 class Context;
+class Escritorio;
 class FiscalFront;
 class FrmLog;
 namespace screens {
@@ -99,6 +101,10 @@ private:
     // article panel prices with them.
     RuleStore reglas_;
     std::unique_ptr<FiscalFront> front_;
+    // Where an invoice's copy is opened or sent, and the client that
+    // uploads it to the vendor's service.
+    std::unique_ptr<Escritorio> escritorio_;
+    std::unique_ptr<ClienteHttp> http_;
     QTabWidget *tabs_;
     screens::TabListas *busqueda_ = nullptr;
     screens::PaginaListas *listas_ = nullptr;
