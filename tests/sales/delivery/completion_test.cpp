@@ -1,3 +1,4 @@
+#include "core/migrations.h"
 #include "sales/delivery/completion.h"
 #include "support/test_context.h"
 
@@ -9,6 +10,8 @@ namespace {
 TEST(Completado, LoadShowsTheCaeTheWarningAndTheSendingsThatHaveData)
 {
     test::TestApp app;
+    app.copy_seed("clientes.install", "clientes.vdrx");
+    ejecutar_migraciones(app.ctx());
     app.ctx().escribir_parametro("FE_cert_vence_en_30", "FALSE");
     Completado sin_aviso(app.ctx(), {kTipoAfip, "7612", "ana@example.com", "", "", ""});
     sin_aviso.cargar();
@@ -27,11 +30,16 @@ TEST(Completado, LoadShowsTheCaeTheWarningAndTheSendingsThatHaveData)
         "Atención, el certificado AFIP vence en menos de 30 días (Ultimo vencimiento 10/12/2026). Despues de "
         "esta fecha no podrá utilizar la facturación electrónica. Contactese con su contador para generar "
         "un nuevo certificado.");
-    EXPECT_EQ(app.log_messages().mid(3),
-              QStringList({"Inicializo el formulario FrmFacturar_Completado.",
-                           "cargo los datos del cliente 'AFIP'. con teléfono '1145' y email ''.",
-                           "ATENCION: El certificado esta por vencer.",
-                           "Inicializado el formulario FrmFacturar_Completado."}));
+    EXPECT_EQ(
+        app.log_messages().mid(
+            app.log_messages().indexOf("Inicializado el formulario FrmFacturar_Completado.") + 1),
+        QStringList(
+            {"Inicializo el formulario FrmFacturar_Completado.",
+             "cargo los datos del cliente 'AFIP'. con teléfono '1145' y email ''.",
+             "armar_QR_AFIP - Arranco a armar el QR.",
+             "armar_QR_AFIP - Recupero los datos de la factura encabezado asociada al CAE: 76123456789012.",
+             "ATENCION: El certificado esta por vencer.",
+             "Inicializado el formulario FrmFacturar_Completado."}));
 }
 
 TEST(Completado, LeavingAFieldPointsOutWhatCantBeSentAndWhatsappGetsTheCountryCode)
