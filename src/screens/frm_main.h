@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/pricing/supplier_rules/rule_store.h"
+#include "core/desktop.h"
 #include "core/operator.h"
 
 #include <QMainWindow>
@@ -77,6 +78,9 @@ public:
     // The one fiscal front of the program: its printer connection lives as
     // long as the window.
     FiscalFront &front() { return *front_; }
+    // Where the copies of electronic invoices open and mails are written:
+    // the desktop's own unless a test records them.
+    void usar_escritorio(std::unique_ptr<Escritorio> escritorio) { escritorio_ = std::move(escritorio); }
     // The picture a status bar panel (1 to 5) shows, as an image list index;
     // 0 when none.
     int imagen_panel(int panel) const;

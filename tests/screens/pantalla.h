@@ -45,4 +45,20 @@ template <typename D = QDialog> void en_el_dialogo(std::function<void(D &)> paso
     });
 }
 
+// Runs `paso` on the first modal dialog of type D to show, however many
+// event loops turn before it does (a network wait runs one of its own).
+template <typename D> void cuando_aparezca(std::function<void(D &)> paso)
+{
+    auto *espera = new QTimer;
+    espera->setInterval(10);
+    QObject::connect(espera, &QTimer::timeout, [espera, paso] {
+        if (auto *dialogo = qobject_cast<D *>(QApplication::activeModalWidget())) {
+            espera->stop();
+            espera->deleteLater();
+            paso(*dialogo);
+        }
+    });
+    espera->start();
+}
+
 } // namespace vendrix::test
