@@ -50,15 +50,11 @@ template <typename D = QDialog> void en_el_dialogo(std::function<void(D &)> paso
 template <typename D> void cuando_aparezca(std::function<void(D &)> paso)
 {
     auto *espera = new QTimer;
-    espera->setInterval(10);
     QObject::connect(espera, &QTimer::timeout, [espera, paso] {
-        if (auto *dialogo = qobject_cast<D *>(QApplication::activeModalWidget())) {
-            espera->stop();
-            espera->deleteLater();
-            paso(*dialogo);
-        }
+        if (auto *dialogo = qobject_cast<D *>(QApplication::activeModalWidget()))
+            espera->stop(), espera->deleteLater(), paso(*dialogo);
     });
-    espera->start();
+    espera->start(10);
 }
 
 } // namespace vendrix::test

@@ -1,7 +1,7 @@
 #include "afip/facsimile/facsimile.h"
-#include "core/desktop.h"
 #include "core/migrations.h"
 #include "sales/recording/document_store.h"
+#include "support/recording_desktop.h"
 #include "support/test_context.h"
 
 #include <QDir>
@@ -14,13 +14,6 @@
 
 namespace vendrix {
 namespace {
-
-struct EscritorioGrabado final : Escritorio {
-    using S = const QString &;
-    bool abrir(const QUrl &u) override { return abiertos << u.toLocalFile(), true; }
-    bool redactar_correo(S, S, S, S) override { return false; }
-    QStringList abiertos;
-};
 
 // An invoice of two lines, 2 x 121 at 21% and 1 x 110.5 at 10.5%, stored as
 // a sale stores it: negative amounts for a credit note.
@@ -61,7 +54,7 @@ protected:
     }
 
     test::TestApp app;
-    EscritorioGrabado escritorio;
+    test::EscritorioAnotado escritorio;
 };
 
 TEST_F(Facsimil, EachDocumentCarriesItsMarks)
@@ -132,12 +125,12 @@ TEST_F(Facsimil, FilesGoUnderFacturasOneASaleAndOpenOnlyWhenShown)
     OpcionesFacsimil guardar_solo;
     guardar_solo.mostrar = false;
     const vendrix::Facsimil f1 = imprimir_facsimil_FE(app.ctx(), escritorio, primera, guardar_solo);
-    EXPECT_TRUE(escritorio.abiertos.isEmpty());
+    EXPECT_TRUE(escritorio.abiertas.isEmpty());
     app.ctx().escribir_parametro("IF_FE_Modo_Operacion", "Producción");
     const vendrix::Facsimil f2 =
         imprimir_facsimil_FE(app.ctx(), escritorio, guardar("B", "Factura", "Ñandú S.A."), {});
     EXPECT_TRUE(pagina(f2).contains("<title>Factura B 00003-00000012</title>"));
-    EXPECT_EQ(escritorio.abiertos, QStringList{f2.html});
+    EXPECT_EQ(escritorio.abiertas, QStringList{f2.html});
     const QString base = app.ruta("Facturas/Factura_Electronica_%1_0000012_Nandu_S.A..");
     EXPECT_EQ(f1.html, base.arg(primera) + "html");
     EXPECT_EQ(f1.pdf, base.arg(primera) + "pdf");

@@ -2,6 +2,7 @@
 #include "core/desktop.h"
 #include "sales/delivery/delivery.h"
 #include "support/price_file.h"
+#include "support/recording_desktop.h"
 #include "support/test_context.h"
 
 #include <QDir>
@@ -14,19 +15,12 @@ namespace {
 
 // Records what would have been opened, mailed and posted; the service
 // answers `respuesta`.
-struct Exterior : Escritorio, ClienteHttp {
-    bool abrir(const QUrl &d) override { return abiertas << d.toString(), true; }
-    bool redactar_correo(const QString &para, const QString &asunto, const QString &cuerpo,
-                         const QString &adjunto) override
-    {
-        return correos << QStringList{para, asunto, cuerpo.section('\n', 0, 0), adjunto}, true;
-    }
+struct Exterior : test::EscritorioAnotado, ClienteHttp {
     RespuestaHttp post(const PeticionHttp &p) override
     {
         return urls << p.url, RespuestaHttp{true, 200, respuesta, {}, 0};
     }
-    QStringList abiertas, urls;
-    QList<QStringList> correos;
+    QStringList urls;
     QString respuesta = "http://f.example/7.pdf";
 };
 
