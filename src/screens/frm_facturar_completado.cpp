@@ -25,19 +25,22 @@ namespace {
 // monitor, small beside the rest.
 constexpr int kLadoQr = 180;
 
-// The vector picture of the QR drawn at the screen's size.
+// The vector picture of the QR drawn at the screen's size, inside a white
+// margin of four modules: phones read a code only with that quiet zone.
 QPixmap dibujo_qr(const QString &texto)
 {
+    constexpr int kModulo = 46;
     QPixmap pixmap(kLadoQr, kLadoQr);
     pixmap.fill(Qt::white);
-    const QPicture dibujo = QR_imagen(texto, Qt::black, 46);
+    const QPicture dibujo = QR_imagen(texto, Qt::black, kModulo);
     const QRect marco = dibujo.boundingRect();
     if (marco.isEmpty())
         return pixmap;
     QPainter pintor(&pixmap);
     pintor.setRenderHint(QPainter::Antialiasing);
-    pintor.scale(double(kLadoQr) / marco.width(), double(kLadoQr) / marco.height());
-    pintor.translate(-marco.topLeft());
+    const double escala = double(kLadoQr) / (marco.width() + 8 * kModulo);
+    pintor.scale(escala, escala);
+    pintor.translate(QPoint(4 * kModulo, 4 * kModulo) - marco.topLeft());
     pintor.drawPicture(0, 0, dibujo);
     return pixmap;
 }
