@@ -382,6 +382,10 @@ public:
         FrmFacturarCompletado pantalla(ctx, std::move(datos), &dialogo_);
         pantalla.exec();
         ctx.estado().marcar_ocupado(true);
+        // A sale that couldn't be stored has no copy to make; the operator
+        // was told, and its data are in the log.
+        if (id_factura == 0)
+            return;
         entregar_factura(entrega_, pantalla.pedido(), id_factura, opciones_facsimil_venta(ctx, checkout, doc),
                          v.Text_rz);
     }
