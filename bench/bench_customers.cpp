@@ -14,7 +14,7 @@
 #include "backoffice/customers/customer_book.h"
 #include "core/context.h"
 #include "core/migrations.h"
-#include "screens/customers_tab.h"
+#include "screens/customers/customers_tab.h"
 #include "widgets/lynx_grid.h"
 
 #include <benchmark/benchmark.h>

@@ -12,10 +12,15 @@ function(vendrix_target_options target)
 endfunction()
 
 # A library made of every source file of one folder under src/.
-# Usage: vendrix_library(core LIBS Qt6::Core ...)
+# Usage: vendrix_library(core LIBS Qt6::Core ...); RECURSE to take the
+# subfolders' files too.
 function(vendrix_library name)
-  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS
+  cmake_parse_arguments(ARG "RECURSE" "" "LIBS" ${ARGN})
+  set(glob GLOB)
+  if(ARG_RECURSE)
+    set(glob GLOB_RECURSE)
+  endif()
+  file(${glob} sources CONFIGURE_DEPENDS
        ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
        ${CMAKE_CURRENT_SOURCE_DIR}/*.qrc)
   add_library(vendrix_${name} STATIC ${sources})

@@ -3,7 +3,7 @@
 #include "core/numeric.h"
 #include "core/validators.h"
 #include "sales/articulo_carrito.h"
-#include "screens/filtro_teclas.h"
+#include "screens/main_window/filtro_teclas.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -1,10 +1,10 @@
 // The search box of the main window completing what is typed, turned on from
 // the configuration tab as a shop would.
 #include "catalogue/support/shop_fixture.h"
-#include "screens/frm_main.h"
-#include "screens/pagina_configuracion.h"
+#include "screens/configuration/pagina_configuracion.h"
+#include "screens/lists/tab_listas.h"
+#include "screens/main_window/frm_main.h"
 #include "screens/pantalla.h"
-#include "screens/tab_listas.h"
 #include "widgets/autocomplete_box.h"
 #include "widgets/lynx_grid.h"
 

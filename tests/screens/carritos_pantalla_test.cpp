@@ -1,9 +1,9 @@
 // The cart strip, a cart's page and the add-article dialog.
 #include "sales/tienda.h"
-#include "screens/carrito_tab.h"
-#include "screens/frm_agregar_articulo.h"
+#include "screens/carts/carrito_tab.h"
+#include "screens/carts/frm_agregar_articulo.h"
+#include "screens/carts/tab_changos.h"
 #include "screens/pantalla.h"
-#include "screens/tab_changos.h"
 
 #include <QFocusEvent>
 #include <QSignalSpy>

@@ -1,6 +1,6 @@
 // The key filter of the input boxes as the boxes see it: which code a key
 // press becomes, and a refused Enter still acting as Enter.
-#include "screens/filtro_teclas.h"
+#include "screens/main_window/filtro_teclas.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

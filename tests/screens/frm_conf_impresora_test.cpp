@@ -1,9 +1,9 @@
 // The printer settings screen and the printer frame of the configuration
 // tab.
 #include "fiscal/front/fiscal_front.h"
-#include "screens/config_impresora_fiscal.h"
-#include "screens/file_chooser.h"
-#include "screens/frm_conf_impresora.h"
+#include "screens/configuration/config_impresora_fiscal.h"
+#include "screens/configuration/file_chooser.h"
+#include "screens/configuration/frm_conf_impresora.h"
 #include "screens/pantalla.h"
 
 #include "support/qt_print.h"

@@ -1,14 +1,14 @@
 // The main window on a small shop: the load, the search into the panel and
 // the carts, the function keys, one cart, the counter's screen size.
 #include "sales/tienda.h"
-#include "screens/carrito_tab.h"
-#include "screens/frm_main.h"
-#include "screens/pagina_configuracion.h"
-#include "screens/pagina_listas.h"
-#include "screens/panel_articulo.h"
+#include "screens/carts/carrito_tab.h"
+#include "screens/carts/tab_changos.h"
+#include "screens/configuration/pagina_configuracion.h"
+#include "screens/lists/pagina_listas.h"
+#include "screens/lists/panel_articulo.h"
+#include "screens/lists/tab_listas.h"
+#include "screens/main_window/frm_main.h"
 #include "screens/pantalla.h"
-#include "screens/tab_changos.h"
-#include "screens/tab_listas.h"
 
 #include <QHeaderView>
 #include <QScrollArea>

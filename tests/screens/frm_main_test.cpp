@@ -1,7 +1,7 @@
 // The main window without a price list: its load, indicators, logo, busy
 // state, closing and hidden labels.
-#include "screens/frm_log.h"
-#include "screens/frm_main.h"
+#include "screens/main_window/frm_log.h"
+#include "screens/main_window/frm_main.h"
 #include "screens/pantalla.h"
 
 #include "support/qt_print.h"

@@ -1,6 +1,6 @@
-#include "screens/frm_splash.h"
+#include "screens/main_window/frm_splash.h"
+#include "screens/main_window/qt_operator.h"
 #include "screens/pantalla.h"
-#include "screens/qt_operator.h"
 
 #include "support/qt_print.h"
 

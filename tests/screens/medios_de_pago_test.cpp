@@ -1,7 +1,7 @@
 // The payment methods dialog: its grid, an addition through the form, the
 // kind chosen over its cell and a deletion by a click on the last column.
 #include "core/migrations.h"
-#include "screens/frm_medios_de_pago.h"
+#include "screens/checkout/frm_medios_de_pago.h"
 #include "screens/pantalla.h"
 #include "support/test_context.h"
 

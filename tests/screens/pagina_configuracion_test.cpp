@@ -1,8 +1,8 @@
 // The configuration tab: the pricing settings and the rules grid.
 #include "catalogue/support/shop_fixture.h"
-#include "screens/config_precios.h"
-#include "screens/config_reglas.h"
-#include "screens/pagina_configuracion.h"
+#include "screens/configuration/config_precios.h"
+#include "screens/configuration/config_reglas.h"
+#include "screens/configuration/pagina_configuracion.h"
 #include "screens/pantalla.h"
 
 #include <QSignalSpy>

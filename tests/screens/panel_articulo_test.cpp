@@ -1,6 +1,6 @@
 // The article panel: rows selected, formulas typed, buttons, the price views.
 #include "catalogue/support/shop_fixture.h"
-#include "screens/panel_articulo.h"
+#include "screens/lists/panel_articulo.h"
 #include "screens/pantalla.h"
 
 #include <QFrame>

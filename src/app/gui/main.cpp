@@ -7,9 +7,9 @@
 #include "core/single_instance.h"
 #include "core/startup.h"
 #include "core/status_relay.h"
-#include "screens/frm_main.h"
-#include "screens/frm_splash.h"
-#include "screens/qt_operator.h"
+#include "screens/main_window/frm_main.h"
+#include "screens/main_window/frm_splash.h"
+#include "screens/main_window/qt_operator.h"
 
 #include "vendrix_version.h"
 
