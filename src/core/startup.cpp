@@ -2,6 +2,7 @@
 
 #include "core/context.h"
 #include "core/holiday_logo.h"
+#include "core/list_parameters.h"
 #include "core/migrations.h"
 #include "core/seed_files.h"
 #include "core/single_instance.h"
@@ -56,12 +57,6 @@ bool hay_otra_instancia(Context &ctx, ProgresoArranque &splash, InstanciaUnica &
     return true;
 }
 
-QString parametro_de_lista(Context &ctx, const char *key)
-{
-    return ctx.db().execQ1(QStringLiteral("SELECT VALOR FROM xls_parametros WHERE CLAVE = ?"),
-                           QStringLiteral("external"), {QString::fromLatin1(key)});
-}
-
 // The steps in their order; false when the run must end.
 bool ejecutar_pasos(Context &ctx, ProgresoArranque &splash, InstanciaUnica &instancia,
                     const OpcionesArranque &options, ResultadoArranque &result)
@@ -96,8 +91,8 @@ bool ejecutar_pasos(Context &ctx, ProgresoArranque &splash, InstanciaUnica &inst
     splash.update_bar(QStringLiteral("Validando Existencia de viejos Pedidos"));
     ejecutar_migraciones(ctx);
 
-    const QString cliente = parametro_de_lista(ctx, "CLIENTE");
-    const QString version = parametro_de_lista(ctx, "VERSION");
+    const QString cliente = parametro_de_lista(ctx, QStringLiteral("CLIENTE"));
+    const QString version = parametro_de_lista(ctx, QStringLiteral("VERSION"));
     if (!cliente.isEmpty()) {
         ctx.escribir_log(QStringLiteral("Nombre Ciente: ") + cliente, kInfo);
         result.titulo = QStringLiteral("Vendrix - ") + cliente;

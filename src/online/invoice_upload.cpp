@@ -3,6 +3,7 @@
 #include "afip/transport/http_client.h"
 #include "core/context.h"
 #include "core/cp1252.h"
+#include "core/list_parameters.h"
 #include "core/text_helpers.h"
 
 #include <QFile>
@@ -46,8 +47,7 @@ QString subir_archivo_http(ClienteHttp &http, const QString &url, const QString 
 
 QString nombre_comercio(Context &ctx)
 {
-    return ctx.db().execQ1(QStringLiteral("SELECT valor as total1 FROM xls_parametros WHERE clave = ?"),
-                           QStringLiteral("external"), {QStringLiteral("CLIENTE")});
+    return parametro_de_lista(ctx, QStringLiteral("CLIENTE"));
 }
 
 QString subir_factura(Context &ctx, ClienteHttp &http, const QString &archivo,

@@ -5,6 +5,7 @@
 #include "afip/facsimile/facsimile_file_name.h"
 #include "afip/facsimile/facsimile_pdf.h"
 #include "afip/invoice/invoice_codes.h"
+#include "afip/invoice/stored_voucher.h"
 #include "afip/qr/qr_payload.h"
 #include "afip/qr/qr_picture.h"
 #include "afip/transport/afip_hosts.h"
@@ -38,28 +39,6 @@ Facsimil fallar(Context &ctx, const QString &descripcion)
     ctx.estado().actualizar_indicador(QStringLiteral("impresora_on"));
     return {};
 }
-
-// The stored header, in the columns of the query below.
-enum Columna {
-    kLetra,
-    kTipo,
-    kNumero,
-    kFecha,
-    kRazonSocial,
-    kDomicilio,
-    kProvincia,
-    kCliente,
-    kCuit,
-    kFormaDePago,
-    kNeto,
-    kIva,
-    kTotal,
-    kCae,
-    kCaeVencimiento,
-    kId,
-    kTimestamp,
-    kTipoDoc,
-};
 
 QString importe(const QString &valor)
 {
@@ -151,17 +130,12 @@ Facsimil imprimir_facsimil_FE(Context &ctx, Escritorio &escritorio, qint64 id_fa
         return {};
     }
 
-    const Matrix m = ctx.db().execQ_matriz(
-        QStringLiteral(
-            "SELECT Letra, tipo, FE_CAE_ID, fecha, razon_social, domicilio, provincia, cliente, cuit, "
-            "Forma_de_pago, abs(total_neto), abs(total_iva), abs(total), FE_CAE_numero, "
-            "FE_CAE_fechaVencimiento, id, insert_timestamp, tipo_doc FROM Vendrix_Facturas WHERE ID = ?"),
-        kTienda, {id_factura});
+    const Matrix m = leer_comprobante_por_id(ctx, id_factura);
     if (m.vacia())
         return fallar(ctx, QStringLiteral("No se encontro el comprobante ") + QString::number(id_factura) +
                                QStringLiteral(" en la base de datos."));
-    const auto campo = [&m](Columna c) { return m.at(c, 0); };
-    const QString letra = campo(kLetra);
+    const auto campo = [&m](ColumnaComprobante c) { return m.at(c, 0); };
+    const QString letra = campo(kCompLetra);
     const bool es_a = letra == QLatin1String("A");
     const bool angosto = ctx.leer_parametro(QStringLiteral("IF_COMANDERA")).toUpper() == QLatin1String("SI");
     const auto poner = [&html](const QString &marca, const QString &valor) { html.replace(marca, valor); };
@@ -171,49 +145,49 @@ Facsimil imprimir_facsimil_FE(Context &ctx, Escritorio &escritorio, qint64 id_fa
           es_a ? bloque_iva_discriminado(angosto) : QString());
 
     // The header and the buyer.
-    const QString tipo = campo(kTipo);
-    QString tipo_doc = campo(kTipoDoc);
+    const QString tipo = campo(kCompTipo);
+    QString tipo_doc = campo(kCompTipoDoc);
     if (tipo_doc.isEmpty())
         tipo_doc = opciones.tipo_doc_defecto;
     const QString punto_venta = ctx.leer_parametro(QStringLiteral("IF_PuntoDeVenta"));
-    const QString timestamp = campo(kTimestamp);
+    const QString timestamp = campo(kCompTimestamp);
     poner(QStringLiteral("%T_FAC%"), letra);
     poner(QStringLiteral("%C_FAC%"), tipo_comprobante_AFIP(letra, tipo));
     poner(QStringLiteral("%T_DOC%"),
           texto_a_html(tipo) + (es_produccion(ctx) ? QString() : QStringLiteral(" SIN VALOR FISCAL")));
-    poner(QStringLiteral("%NRO_FACTURA%"), formatear(valor_texto(campo(kNumero)), u"00000000"));
+    poner(QStringLiteral("%NRO_FACTURA%"), formatear(valor_texto(campo(kCompNumero)), u"00000000"));
     poner(QStringLiteral("%NRO_PTO_VENTA%"), formatear(valor_texto(punto_venta), u"00000"));
     poner(QStringLiteral("%DD%"), timestamp.mid(6, 2));
     poner(QStringLiteral("%MM%"), timestamp.mid(4, 2));
     poner(QStringLiteral("%YYYY%"), timestamp.left(4));
     poner(QStringLiteral("%NRO_CUIT%"), ctx.leer_parametro(QStringLiteral("IF_CUIT")));
-    poner(QStringLiteral("%COMP_RS%"), texto_a_html(campo(kRazonSocial)));
-    poner(QStringLiteral("%COMP_DOM%"), texto_a_html(campo(kDomicilio)));
-    poner(QStringLiteral("%COMP_LOC%"), texto_a_html(campo(kProvincia)));
-    poner(QStringLiteral("%COMP_T_IVA%"), texto_a_html(condicion_sin_letra(campo(kCliente))));
-    poner(QStringLiteral("%COMP_CUIT%"), campo(kCuit));
-    poner(QStringLiteral("%VTA_COND%"), texto_a_html(campo(kFormaDePago)));
+    poner(QStringLiteral("%COMP_RS%"), texto_a_html(campo(kCompRazonSocial)));
+    poner(QStringLiteral("%COMP_DOM%"), texto_a_html(campo(kCompDomicilio)));
+    poner(QStringLiteral("%COMP_LOC%"), texto_a_html(campo(kCompProvincia)));
+    poner(QStringLiteral("%COMP_T_IVA%"), texto_a_html(condicion_sin_letra(campo(kCompCliente))));
+    poner(QStringLiteral("%COMP_CUIT%"), campo(kCompCuit));
+    poner(QStringLiteral("%VTA_COND%"), texto_a_html(campo(kCompFormaDePago)));
 
     // The figures and the authorisation.
-    const QString neto = importe(campo(kNeto));
-    const QString total = importe(campo(kTotal));
+    const QString neto = importe(campo(kCompNeto));
+    const QString total = importe(campo(kCompTotal));
     poner(QStringLiteral("%VTA_STOT1%"), neto);
     poner(QStringLiteral("%VTA_STOT2%"), neto);
     poner(QStringLiteral("%VTA_IBR%"), QStringLiteral("0.00"));
     // Before the transparency block takes the other %VTA_TOTAL%.
     poner(QStringLiteral("Total: $ %VTA_TOTAL%"), QStringLiteral("Total: ") + total);
-    const QString cae = campo(kCae);
+    const QString cae = campo(kCompCae);
     const QString barra = numero_barra_CAE(ctx.op(), ctx.leer_parametro(QStringLiteral("IF_CUIT")), tipo,
-                                           punto_venta, cae, campo(kCaeVencimiento), letra);
+                                           punto_venta, cae, campo(kCompCaeVencimiento), letra);
     poner(QStringLiteral("%VTA_CAE%"), cae);
     poner(QStringLiteral("%VTA_CAE_CONFECHAYCUIT_ESPACIO%"), barra);
-    poner(QStringLiteral("%VTA_CAE_FV%"), campo(kCaeVencimiento));
+    poner(QStringLiteral("%VTA_CAE_FV%"), campo(kCompCaeVencimiento));
     poner(QStringLiteral("%COMP_T_IVA COMP_IVA%"), QStringLiteral("21%"));
     poner(QStringLiteral("%COMP_T_DOC%"), tipo_doc);
     poner(QStringLiteral("%ID_DOC_ORIG%"), opciones.id_doc_origen);
     poner(QStringLiteral("%SUJETO_A_RETENCION%"),
           es_a ? QStringLiteral("Operaci&oacute;n Sujeta a Retenci&oacute;n") : QString());
-    const QString json = armar_QR_AFIP(ctx, cae);
+    const QString json = armar_QR_AFIP(ctx, m);
     const QString json_base64 = codificar_base64(json);
     poner(QStringLiteral("%JSON%"), json);
     poner(QStringLiteral("%JSON_ENCODED%"), json_base64);
@@ -223,21 +197,19 @@ Facsimil imprimir_facsimil_FE(Context &ctx, Escritorio &escritorio, qint64 id_fa
     const std::vector<LineaFacsimil> lineas =
         opciones.lineas_carrito ? *opciones.lineas_carrito : lineas_guardadas(ctx, id_factura, letra);
     QString tabla = encabezado_articulos(angosto);
-    tabla += opciones.resumido ? fila_resumida(valor_texto(es_a ? campo(kNeto) : campo(kTotal)), angosto)
-                               : filas_articulos(lineas, letra, factor, angosto);
+    tabla += opciones.resumido
+                 ? fila_resumida(valor_texto(es_a ? campo(kCompNeto) : campo(kCompTotal)), angosto)
+                 : filas_articulos(lineas, letra, factor, angosto);
     const IvaFacsimil iva = iva_de_lineas(lineas, factor);
     poner(QStringLiteral("%VTA_IVA21%"), formatear(iva.iva21, u"####0.00"));
     poner(QStringLiteral("%VTA_IVA105%"), formatear(iva.iva105, u"####0.00"));
     poner(QStringLiteral("%VTA_IVA%"), formatear(iva.total(), u"####0.00"));
-    QString iva_emisor = ctx.leer_parametro(QStringLiteral("IF_tipo_IVA")).left(1);
-    if (iva_emisor.isEmpty())
-        iva_emisor = QStringLiteral("M");
-    if (es_a && iva_emisor == QLatin1String("M"))
+    if (es_a && condicion_iva_emisor(ctx) == QLatin1String("M"))
         tabla += fila_leyenda_monotributo();
     if (!es_a)
         poner_transparencia_fiscal(html, angosto, formatear(iva.total(), u"####0.00"));
-    poner(QStringLiteral("%VTA_IVA%"), importe(campo(kIva)));
-    poner(QStringLiteral("%FORMA_DE_PAGO%"), texto_a_html(campo(kFormaDePago)));
+    poner(QStringLiteral("%VTA_IVA%"), importe(campo(kCompIva)));
+    poner(QStringLiteral("%FORMA_DE_PAGO%"), texto_a_html(campo(kCompFormaDePago)));
     poner(QStringLiteral("%VTA_TOTAL%"), total);
     poner(QStringLiteral("%TABLA_ARTICULOS%"), tabla);
 
@@ -246,7 +218,7 @@ Facsimil imprimir_facsimil_FE(Context &ctx, Escritorio &escritorio, qint64 id_fa
     if (!QDir().mkpath(carpeta))
         return fallar(ctx,
                       QStringLiteral("No se pudo crear la carpeta ") + QDir::toNativeSeparators(carpeta));
-    const QString archivo = archivo_facsimil(id_factura, campo(kNumero), campo(kRazonSocial));
+    const QString archivo = archivo_facsimil(id_factura, campo(kCompNumero), campo(kCompRazonSocial));
     const QString base = QFileInfo(archivo).completeBaseName();
     poner(QStringLiteral("%QR_IMG%"),
           imagen_junto(ctx, QR_raster(QLatin1String(kPaginaQrAfip) + json_base64), carpeta,

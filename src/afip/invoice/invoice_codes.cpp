@@ -1,8 +1,16 @@
 #include "afip/invoice/invoice_codes.h"
 
+#include "core/context.h"
+
 #include <QList>
 
 namespace vendrix {
+
+QString condicion_iva_emisor(const Context &ctx)
+{
+    const QString letra = ctx.leer_parametro(QStringLiteral("IF_tipo_IVA")).left(1);
+    return letra.isEmpty() ? QStringLiteral("M") : letra;
+}
 
 namespace {
 

@@ -4,6 +4,12 @@
 
 namespace vendrix {
 
+class Context;
+
+// The shop's own IVA condition, one letter of setting `IF_tipo_IVA`; a shop
+// that never set it issues as a monotributista, "M".
+QString condicion_iva_emisor(const Context &ctx);
+
 // The code of AFIP's table of IVA conditions for the one-letter condition
 // of a buyer: F 5, I 1, N 3, M 6, E 4, S 7, A 15; "" for any other letter.
 QString codigo_condicion_IVA(const QString &letra);

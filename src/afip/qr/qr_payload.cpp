@@ -1,6 +1,7 @@
 #include "afip/qr/qr_payload.h"
 
 #include "afip/invoice/invoice_codes.h"
+#include "afip/invoice/stored_voucher.h"
 #include "core/context.h"
 #include "core/numeric.h"
 
@@ -9,20 +10,6 @@
 namespace vendrix {
 
 namespace {
-
-const QString kTienda = QStringLiteral("clientes");
-
-// The columns of the stored sale the QR reads.
-enum Columna {
-    kLetra = 0,
-    kTipo = 1,
-    kNroCmp = 2,
-    kCuit = 8,
-    kTotal = 12,
-    kCae = 13,
-    kTimestamp = 16,
-    kTipoDoc = 17
-};
 
 QString sin_guiones(QString texto)
 {
@@ -38,39 +25,35 @@ QString fecha_de_timestamp(const QString &ts)
     return ts.mid(0, 4) + QLatin1Char('-') + ts.mid(4, 2) + QLatin1Char('-') + ts.mid(6, 2);
 }
 
-} // namespace
-
-QString armar_QR_AFIP(Context &ctx, const QString &cae)
+void log_inicio(Context &ctx, const QString &cae)
 {
     const QString i = QStringLiteral("I");
     ctx.escribir_log(QStringLiteral("armar_QR_AFIP - Arranco a armar el QR"), i);
     ctx.escribir_log(
         QStringLiteral("armar_QR_AFIP - Recupero los datos de la factura encabezado asociada al CAE: ") + cae,
         i);
-    const Matrix m = ctx.db().execQ_matriz(
-        QStringLiteral(
-            "SELECT Letra, tipo, FE_CAE_ID, fecha, razon_social, domicilio, provincia, cliente, cuit, "
-            "Forma_de_pago, abs(total_neto), abs(total_iva), abs(total), FE_CAE_numero, "
-            "FE_CAE_fechaVencimiento, id, insert_timestamp, tipo_doc FROM Vendrix_Facturas WHERE "
-            "FE_CAE_numero = ? LIMIT 1"),
-        kTienda, {cae});
+}
+
+QString json_de(Context &ctx, const Matrix &m)
+{
     const bool hay = !m.vacia();
     // Without a stored sale every value taken from it stays empty; what
     // comes from the settings and the constants are still written.
-    const auto col = [&](int c) { return m.at(c, 0).trimmed(); };
+    const auto col = [&](ColumnaComprobante c) { return m.at(c, 0).trimmed(); };
 
     QString tipo_cmp;
     QString importe;
     QString tipo_doc_rec;
     QString nro_doc_rec;
     if (hay) {
-        tipo_cmp = tipo_comprobante_AFIP(col(kLetra), col(kTipo)).trimmed().remove(QLatin1Char('0'));
-        importe = formatear(std::abs(valor_texto(col(kTotal))), u"####0.00");
+        tipo_cmp = tipo_comprobante_AFIP(col(kCompLetra), col(kCompTipo)).trimmed().remove(QLatin1Char('0'));
+        importe = formatear(std::abs(valor_texto(col(kCompTotal))), u"####0.00");
         importe.replace(kSeparadorDecimal, QLatin1Char('.'));
         // The QR names an anonymous buyer 96 even though the request to AFIP
         // sent 80 for it.
-        tipo_doc_rec = col(kTipoDoc) == QLatin1String("CUIT") ? QStringLiteral("80") : QStringLiteral("96");
-        nro_doc_rec = sin_guiones(col(kCuit));
+        tipo_doc_rec =
+            col(kCompTipoDoc) == QLatin1String("CUIT") ? QStringLiteral("80") : QStringLiteral("96");
+        nro_doc_rec = sin_guiones(col(kCompCuit));
         if (nro_doc_rec.isEmpty())
             nro_doc_rec = QStringLiteral("20111111112");
     }
@@ -79,19 +62,33 @@ QString armar_QR_AFIP(Context &ctx, const QString &cae)
 
     QString json;
     json += QStringLiteral("{\"ver\":1");
-    json += QStringLiteral(",\"fecha\":\"") + fecha_de_timestamp(col(kTimestamp)) + QLatin1Char('"');
+    json += QStringLiteral(",\"fecha\":\"") + fecha_de_timestamp(col(kCompTimestamp)) + QLatin1Char('"');
     json +=
         QStringLiteral(",\"cuit\":") + sin_guiones(ctx.leer_parametro(QStringLiteral("IF_CUIT")).trimmed());
     json += QStringLiteral(",\"ptoVta\":") + QString::number(pto_vta);
     json += QStringLiteral(",\"tipoCmp\":") + tipo_cmp;
-    json += QStringLiteral(",\"nroCmp\":") + col(kNroCmp);
+    json += QStringLiteral(",\"nroCmp\":") + col(kCompNumero);
     json += QStringLiteral(",\"importe\":") + importe;
     json += QStringLiteral(",\"moneda\":\"PES\"");
     json += QStringLiteral(",\"tipoDocRec\":") + tipo_doc_rec;
     json += QStringLiteral(",\"nroDocRec\":") + nro_doc_rec;
     json += QStringLiteral(",\"tipoCodAut\":\"E\"");
-    json += QStringLiteral(",\"codAut\":") + col(kCae) + QLatin1Char('}');
+    json += QStringLiteral(",\"codAut\":") + col(kCompCae) + QLatin1Char('}');
     return json;
+}
+
+} // namespace
+
+QString armar_QR_AFIP(Context &ctx, const QString &cae)
+{
+    log_inicio(ctx, cae);
+    return json_de(ctx, leer_comprobante_por_cae(ctx, cae));
+}
+
+QString armar_QR_AFIP(Context &ctx, const Matrix &comprobante)
+{
+    log_inicio(ctx, comprobante.at(kCompCae, 0));
+    return json_de(ctx, comprobante);
 }
 
 QString codificar_base64(const QString &texto)

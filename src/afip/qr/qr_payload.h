@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/database.h"
+
 #include <QString>
 
 namespace vendrix {
@@ -14,6 +16,9 @@ inline constexpr char kPaginaQrAfip[] = "https://www.afip.gob.ar/fe/qr/?p=";
 // the keys in AFIP's order, absolute amounts. A CAE that isn't stored gives
 // the text with empty values.
 QString armar_QR_AFIP(Context &ctx, const QString &cae);
+// The same from the sale's row as `leer_comprobante_por_id` or `_por_cae`
+// read it; no row gives the text with empty values.
+QString armar_QR_AFIP(Context &ctx, const Matrix &comprobante);
 
 // The base64 of the text (RFC 4648, "=" padding, no line breaks), one byte
 // per character; a character from 256 on goes as "?".

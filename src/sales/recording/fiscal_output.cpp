@@ -1,5 +1,6 @@
 #include "sales/recording/fiscal_output.h"
 
+#include "afip/invoice/invoice_codes.h"
 #include "core/context.h"
 #include "core/numeric.h"
 #include "fiscal/front/fiscal_front.h"
@@ -69,9 +70,7 @@ bool emitir_comprobante(Context &ctx, FiscalFront &front, Checkout &checkout, co
     const VistaCheckout &v = checkout.vista();
     const Carrito &carrito = checkout.carrito();
     log_registro(ctx, QStringLiteral("Se comienza a ejecutar la rutina para imprimir los datos"));
-    QString iva_emisor = ctx.leer_parametro(QStringLiteral("IF_tipo_IVA")).left(1);
-    if (iva_emisor.isEmpty())
-        iva_emisor = QStringLiteral("M");
+    const QString iva_emisor = condicion_iva_emisor(ctx);
     const QString letra = letra_comprobante(ctx, v.Combo_iva).letra;
     DocumentoFiscal doc = comprador(v, letra, iva_emisor, es_credito);
 

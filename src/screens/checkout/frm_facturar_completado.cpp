@@ -120,18 +120,18 @@ void FrmFacturarCompletado::crear_controles()
     layout->addWidget(Label_certificado_);
 
     auto *botones = new QHBoxLayout;
-    const std::pair<QPushButton **, std::pair<const char *, const char *>> definiciones[] = {
-        {&Command_facsimil_, {"Command_facsimil", "Imprimir Facsimil"}},
-        {&Command_mail_, {"Command_mail", "Enviar por e-mail"}},
-        {&Command_whatsapp_, {"Command_whatsapp", "Enviar por Whastapp"}},
-        {&Command_aceptar_, {"Command_aceptar", "Aceptar y Cerrar"}},
-    };
-    for (const auto &[boton, nombre_texto] : definiciones) {
-        *boton = control<QPushButton>(this, nombre_texto.first);
-        (*boton)->setText(QString::fromUtf8(nombre_texto.second));
+    Command_facsimil_ =
+        boton_de_dialogo(this, QStringLiteral("Command_facsimil"), QStringLiteral("Imprimir Facsimil"));
+    Command_mail_ =
+        boton_de_dialogo(this, QStringLiteral("Command_mail"), QStringLiteral("Enviar por e-mail"));
+    Command_whatsapp_ =
+        boton_de_dialogo(this, QStringLiteral("Command_whatsapp"), QStringLiteral("Enviar por Whastapp"));
+    Command_aceptar_ =
+        boton_de_dialogo(this, QStringLiteral("Command_aceptar"), QStringLiteral("Aceptar y Cerrar"));
+    for (QPushButton *boton : {Command_facsimil_, Command_mail_, Command_whatsapp_, Command_aceptar_}) {
         // Enter in a field only leaves it: no button is pressed by it.
-        (*boton)->setAutoDefault(false);
-        botones->addWidget(*boton);
+        boton->setAutoDefault(false);
+        botones->addWidget(boton);
     }
     layout->addLayout(botones);
     setMinimumWidth(560);
