@@ -16,10 +16,9 @@
 //                                lookup sorts the items: 100 ms
 //   a whole key (lookup, text, up to 200 rows of the list):
 //                                p50 10.7 us, max 107-253 us
-#include "catalogue/pricelist/build/price_file_builder.h"
-#include "catalogue/pricelist/demo/demo_lists.h"
 #include "catalogue/search/search_suggestions.h"
 #include "core/context.h"
+#include "demo_shop_folder.h"
 #include "widgets/autocomplete.h"
 
 #include <QDir>
@@ -27,9 +26,6 @@
 #include <QFile>
 
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <vector>
@@ -52,35 +48,8 @@ public:
 // The demo folder with the million-article list, built once.
 QString carpeta_demo()
 {
-    if (const QString given = qEnvironmentVariable("VENDRIX_BENCH_CARPETA_MILLON"); !given.isEmpty())
-        return given;
-    const QString folder = QDir::temp().filePath(QStringLiteral("vendrix_bench_millon"));
-    const QString done = folder + QStringLiteral("/.lista_lista");
-    if (QFile::exists(done))
-        return folder;
-    const pid_t child = fork();
-    if (child == 0) {
-        QDir(folder).removeRecursively();
-        QDir().mkpath(folder);
-        const DemoLists demo = generar_listas_demo(kArticulos, kSemillaDemo);
-        const BuildResult built = construir_lista({folder + QStringLiteral("/Vendrix.vdrxdb"),
-                                                   QStringLiteral("Demo"),
-                                                   QStringLiteral("1.0.0"),
-                                                   QStringLiteral("2026-11-23"),
-                                                   {},
-                                                   {}},
-                                                  demo.nuevas, &demo.anterior);
-        if (!built.ok())
-            _exit(1);
-        sqlite3 *shop = nullptr;
-        sqlite3_open((folder + QStringLiteral("/clientes.vdrx")).toUtf8().constData(), &shop);
-        sqlite3_close(shop);
-        QFile marker(done);
-        _exit(marker.open(QIODevice::WriteOnly) ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return folder;
+    return bench::carpeta_demo("VENDRIX_BENCH_CARPETA_MILLON", QStringLiteral("vendrix_bench_millon"),
+                               kArticulos);
 }
 
 struct Entorno {

@@ -23,12 +23,11 @@
 //   30 MB at the end (SQLite's page cache of the price connection is 16 MB).
 // The scan uses SQLite's own LIKE, which ignores the case of A-Z only: it
 // finds fewer rows for texts with accents, and is the cheapest a scan gets.
-#include "catalogue/pricelist/build/price_file_builder.h"
-#include "catalogue/pricelist/demo/demo_lists.h"
 #include "catalogue/search/list_search.h"
 #include "core/context.h"
 #include "core/migrations.h"
 #include "core/seed_files.h"
+#include "demo_shop_folder.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -36,8 +35,6 @@
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
@@ -120,45 +117,19 @@ void marcar(Context &ctx)
     t.commit();
 }
 
-// Builds the demo folder in a child process, so that the lists it makes in
-// memory don't count in this process's peak.
+// The demo shop with favourites, comments, marks and orders.
 QString carpeta_demo()
 {
-    if (const QString given = qEnvironmentVariable("VENDRIX_BENCH_CARPETA"); !given.isEmpty())
-        return given;
-    const QString folder = QDir::temp().filePath(QStringLiteral("vendrix_bench_busqueda"));
-    const QString done = folder + QStringLiteral("/.lista_lista");
-    if (QFile::exists(done))
-        return folder;
-    const pid_t child = fork();
-    if (child == 0) {
-        QDir(folder).removeRecursively();
-        QDir().mkpath(folder);
-        const DemoLists demo = generar_listas_demo(kArticulosDemo, kSemillaDemo);
-        const BuildResult built = construir_lista({folder + QStringLiteral("/Vendrix.vdrxdb"),
-                                                   QStringLiteral("Demo"),
-                                                   QStringLiteral("1.0.0"),
-                                                   QStringLiteral("2026-11-23"),
-                                                   {},
-                                                   {}},
-                                                  demo.nuevas, &demo.anterior);
-        if (!built.ok())
-            _exit(1);
-        sqlite3 *shop = nullptr;
-        sqlite3_open((folder + QStringLiteral("/clientes.vdrx")).toUtf8().constData(), &shop);
-        sqlite3_close(shop);
-        Operador op(true);
-        SilentStatus status;
-        SystemClock clock;
-        Context ctx(folder, op, status, clock);
-        ejecutar_migraciones(ctx); // only the tables the search reads matter here
-        marcar(ctx);
-        QFile marker(done);
-        _exit(marker.open(QIODevice::WriteOnly) ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return folder;
+    return bench::carpeta_demo("VENDRIX_BENCH_CARPETA", QStringLiteral("vendrix_bench_busqueda"),
+                               kArticulosDemo, [](const QString &folder) {
+                                   Operador op(true);
+                                   SilentStatus status;
+                                   SystemClock clock;
+                                   Context ctx(folder, op, status, clock);
+                                   // only the tables the search reads matter here
+                                   ejecutar_migraciones(ctx);
+                                   marcar(ctx);
+                               });
 }
 
 struct Entorno {
