@@ -24,6 +24,49 @@ bool aislado(const SimboloQR &s, int x, int y)
            !s.oscuro(x, y + 1);
 }
 
+// The edge to leave a node by, coming in direction `d` (-1 at the start):
+// right, straight or left, so that where two dark modules touch at a corner
+// each keeps its own outline; -1 when the node has none left.
+int siguiente_borde(unsigned char flags, int d)
+{
+    if (d < 0) {
+        for (int k = 0; k < 4; ++k)
+            if (flags & (1u << k))
+                return k;
+        return -1;
+    }
+    for (int giro : {1, 0, 3})
+        if (const int k = (d + giro) % 4; flags & (1u << k))
+            return k;
+    return -1;
+}
+
+// Follows the edges from `inicio` back to it, clearing each one taken; the
+// corners of the loop (the nodes where it turns). Every node has as many
+// edges in as out, so the walk can only end where it began.
+std::vector<QPoint> seguir_borde(std::vector<unsigned char> &flags, int n, QPoint inicio)
+{
+    std::vector<QPoint> nodos;
+    std::vector<int> direcciones;
+    QPoint p = inicio;
+    int d = -1;
+    do {
+        unsigned char &f = flags[std::size_t(p.y()) * n + p.x()];
+        d = siguiente_borde(f, d);
+        if (d < 0)
+            break; // can't happen with a consistent grid
+        f &= static_cast<unsigned char>(~(1u << d));
+        nodos.push_back(p);
+        direcciones.push_back(d);
+        p += kPaso[std::size_t(d)];
+    } while (p != inicio);
+    std::vector<QPoint> esquinas;
+    for (std::size_t i = 0; i < nodos.size(); ++i)
+        if (direcciones[(i + nodos.size() - 1) % nodos.size()] != direcciones[i])
+            esquinas.push_back(nodos[i]);
+    return esquinas;
+}
+
 // The borders between dark and light modules as closed polygons, in module
 // units, each vertex a corner where the border turns. Every edge leaves a
 // node of the (side + 1)-square grid with the dark module on its right hand,
@@ -51,53 +94,12 @@ std::vector<std::vector<QPoint>> poligonos(const SimboloQR &s, bool saltar_aisla
     }
 
     std::vector<std::vector<QPoint>> resultado;
-    for (int y0 = 0; y0 < n; ++y0) {
-        for (int x0 = 0; x0 < n; ++x0) {
-            while (flags[nodo(x0, y0)] != 0) {
-                // Every node has as many edges in as out, so the walk can
-                // only end where it began.
-                std::vector<QPoint> nodos;
-                std::vector<int> direcciones;
-                QPoint p(x0, y0);
-                int d = -1;
-                do {
-                    unsigned char &f = flags[nodo(p.x(), p.y())];
-                    int siguiente = -1;
-                    if (d < 0) {
-                        for (int k = 0; k < 4 && siguiente < 0; ++k)
-                            if (f & (1u << k))
-                                siguiente = k;
-                    } else {
-                        // Right, straight, left: where two dark modules
-                        // touch at a corner, each keeps its own outline.
-                        for (int giro : {1, 0, 3}) {
-                            const int k = (d + giro) % 4;
-                            if (f & (1u << k)) {
-                                siguiente = k;
-                                break;
-                            }
-                        }
-                    }
-                    if (siguiente < 0)
-                        break; // can't happen with a consistent grid
-                    f &= static_cast<unsigned char>(~(1u << siguiente));
-                    nodos.push_back(p);
-                    direcciones.push_back(siguiente);
-                    d = siguiente;
-                    p += kPaso[std::size_t(d)];
-                } while (p != QPoint(x0, y0));
-                // Only the nodes where the direction changes are corners.
-                std::vector<QPoint> esquinas;
-                for (std::size_t i = 0; i < nodos.size(); ++i) {
-                    const int antes = direcciones[(i + nodos.size() - 1) % nodos.size()];
-                    if (antes != direcciones[i])
-                        esquinas.push_back(nodos[i]);
-                }
-                if (esquinas.size() >= 4)
+    for (int y0 = 0; y0 < n; ++y0)
+        for (int x0 = 0; x0 < n; ++x0)
+            while (flags[nodo(x0, y0)] != 0)
+                if (std::vector<QPoint> esquinas = seguir_borde(flags, n, QPoint(x0, y0));
+                    esquinas.size() >= 4)
                     resultado.push_back(std::move(esquinas));
-            }
-        }
-    }
     return resultado;
 }
 
