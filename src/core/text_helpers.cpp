@@ -3,6 +3,8 @@
 #include "core/cp1252.h"
 #include "core/numeric.h"
 
+#include <algorithm>
+
 namespace vendrix {
 
 namespace {
@@ -26,6 +28,12 @@ QString ultimos(const QString &relleno, const QString &text, int width)
 int buscar_en_lista(const QStringList &list, const QString &value)
 {
     return static_cast<int>(list.indexOf(value));
+}
+
+bool solo_digitos(QStringView text)
+{
+    return !text.isEmpty() &&
+           std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
 bool tiene_un_separador(QStringView text)

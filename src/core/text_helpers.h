@@ -18,6 +18,9 @@ int buscar_en_lista(const QStringList &list, const QString &value);
 // "1,5+2" may take another mark.
 bool tiene_un_separador(QStringView text);
 
+// True when the text is made of the digits 0 to 9 alone; "" is false.
+bool solo_digitos(QStringView text);
+
 // The last `width` characters of the text behind 38 zeros (fixed-width
 // fields of fiscal commands).
 QString rellenar_ceros(const QString &text, int width);

@@ -2,6 +2,7 @@
 
 #include "afip/invoice/invoice_codes.h"
 #include "core/operator.h"
+#include "core/text_helpers.h"
 
 #include <algorithm>
 
@@ -13,12 +14,7 @@ const QString kTitulo = QStringLiteral("Error al generar la factura");
 
 bool solo_digitos(const QString &texto, qsizetype minimo, qsizetype maximo)
 {
-    if (texto.size() < minimo || texto.size() > maximo)
-        return false;
-    for (const QChar c : texto)
-        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
-            return false;
-    return true;
+    return texto.size() >= minimo && texto.size() <= maximo && vendrix::solo_digitos(texto);
 }
 
 // Each digit's five elements, 'N' narrow and 'W' wide.
@@ -73,7 +69,7 @@ QString numero_barra_CAE(Operator &op, const QString &cuit, const QString &tipo,
 
 QImage barras_I2de5(const QString &digitos, int modulo, int alto)
 {
-    if (digitos.isEmpty() || digitos.size() % 2 != 0 || !solo_digitos(digitos, 1, digitos.size()))
+    if (digitos.size() % 2 != 0 || !vendrix::solo_digitos(digitos))
         return {};
     // The widths in narrow modules, alternating bar and space, bar first.
     QList<int> anchos{1, 1, 1, 1};

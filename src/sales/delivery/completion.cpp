@@ -2,6 +2,7 @@
 
 #include "afip/qr/qr_payload.h"
 #include "core/context.h"
+#include "core/text_helpers.h"
 #include "sales/carrito.h"
 #include "sales/recording/recording_log.h"
 
@@ -71,7 +72,7 @@ void Completado::salir_email()
 
 void Completado::salir_telefono()
 {
-    if (!vista_.Text_telefono.isEmpty() && !telefono_valido(vista_.Text_telefono))
+    if (!vista_.Text_telefono.isEmpty() && !solo_digitos(vista_.Text_telefono))
         ctx_.op().warn(kTituloPrograma, QStringLiteral("Ingrese solo números en el campo del Teléfono"));
 }
 
@@ -111,16 +112,6 @@ QString numero_whatsapp(const QString &telefono)
 {
     return (telefono.startsWith(QLatin1String("54")) ? QStringLiteral("+") : QStringLiteral("+54")) +
            telefono;
-}
-
-bool telefono_valido(const QString &telefono)
-{
-    if (telefono.isEmpty())
-        return false;
-    for (const QChar c : telefono)
-        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
-            return false;
-    return true;
 }
 
 } // namespace vendrix

@@ -86,7 +86,4 @@ private:
 // that starts with the country's 54, "+54" in front of any other.
 QString numero_whatsapp(const QString &telefono);
 
-// Only digits, at least one.
-bool telefono_valido(const QString &telefono);
-
 } // namespace vendrix
