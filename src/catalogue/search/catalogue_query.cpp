@@ -262,4 +262,16 @@ QueryResult ejecutar_consulta(sqlite3 *db, const SearchQuery &consulta)
     return QueryRun(db, consulta).ejecutar();
 }
 
+struct CatalogueSearcher::State {};
+
+CatalogueSearcher::CatalogueSearcher() : estado_(std::make_unique<State>())
+{
+}
+CatalogueSearcher::~CatalogueSearcher() = default;
+
+QueryResult CatalogueSearcher::buscar(sqlite3 *db, const SearchQuery &consulta, const std::atomic<bool> *)
+{
+    return ejecutar_consulta(db, consulta);
+}
+
 } // namespace vendrix

@@ -28,7 +28,9 @@
 
 #include <QString>
 
+#include <atomic>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -62,11 +64,33 @@ struct QueryResult {
     bool hay_mas = false;                // more articles match: the marker row follows
     bool ok = true;                      // false on a database failure
     QString error;                       // then: "number description errno"
+    bool abandonada = false;             // stopped by its caller: nothing else holds
 };
 
 // Runs the search on the price connection (with the shop tables attached
 // under `clientes`). On failure `ok` is false and `error` tells why.
 QueryResult ejecutar_consulta(sqlite3 *db, const SearchQuery &consulta);
+
+// The searches of one screen or worker: keeps its prepared statements and
+// the shop's marks between searches on the same connection, and sees a
+// change of the shop's tables or a new connection. Not shared between
+// threads; each thread that searches has its own, on its own connection.
+class CatalogueSearcher {
+public:
+    CatalogueSearcher();
+    ~CatalogueSearcher();
+    CatalogueSearcher(const CatalogueSearcher &) = delete;
+    CatalogueSearcher &operator=(const CatalogueSearcher &) = delete;
+
+    // As `ejecutar_consulta`. When `abandonar` turns true (from any thread)
+    // the search stops soon and returns with `abandonada` set.
+    QueryResult buscar(sqlite3 *db, const SearchQuery &consulta,
+                       const std::atomic<bool> *abandonar = nullptr);
+
+private:
+    struct State;
+    std::unique_ptr<State> estado_;
+};
 
 // The trigrams of the index that start with a pair of characters; too many
 // to be worth it gives nothing (std::nullopt).

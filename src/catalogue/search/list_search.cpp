@@ -121,7 +121,7 @@ int limite_busqueda(const Context &ctx, QString &boton)
 }
 
 bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &boton, GridSink &grilla,
-                          const ListActions &acciones)
+                          const ListActions &acciones, CatalogueSearcher *buscador)
 {
     const QString price = QStringLiteral("external");
     ctx.estado().marcar_ocupado(true);
@@ -133,8 +133,11 @@ bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &bo
     QElapsedTimer clock;
     clock.start();
     sqlite3 *db = ctx.db().conexion(price);
-    const QueryResult r =
-        db ? ejecutar_consulta(db, consulta) : QueryResult{{}, false, false, ctx.db().error_apertura(price)};
+    QueryResult r;
+    if (!db)
+        r = {{}, false, false, ctx.db().error_apertura(price)};
+    else
+        r = buscador ? buscador->buscar(db, consulta) : ejecutar_consulta(db, consulta);
     if (high)
         ctx.escribir_log(QStringLiteral("Tiempo de ejecución de la query: ") +
                              QString::number(clock.elapsed() / 1000),
@@ -170,7 +173,7 @@ bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &bo
 }
 
 SearchResult buscar_articulos(Context &ctx, const QString &texto, QString &boton, GridSink &grilla,
-                              const ListActions &acciones)
+                              const ListActions &acciones, CatalogueSearcher *buscador)
 {
     if (texto.isEmpty()) {
         ctx.op().inform(kTitulo, QStringLiteral("Por favor ingrese al menos un término en la búsqueda."));
@@ -191,8 +194,8 @@ SearchResult buscar_articulos(Context &ctx, const QString &texto, QString &boton
     const SearchOptions options = leer_opciones_busqueda(ctx);
     const QString work = texto_de_trabajo(options, texto);
     const int limite = limite_busqueda(ctx, boton);
-    const bool ok =
-        cargar_grilla_listas(ctx, consulta_de_texto(options, work, limite), boton, grilla, acciones);
+    const bool ok = cargar_grilla_listas(ctx, consulta_de_texto(options, work, limite), boton, grilla,
+                                         acciones, buscador);
     ctx.escribir_log(QStringLiteral("Listas - se busco el término: ") + work, QStringLiteral("A"));
     return ok ? SearchResult::hecha : SearchResult::fallida;
 }

@@ -57,9 +57,11 @@ enum class SearchResult {
 };
 
 // The whole search of `Btn_BuscarListas` and the Enter key of
-// `TextBox_Buscar`. `boton` is the button's caption, read and changed.
+// `TextBox_Buscar`. `boton` is the button's caption, read and changed. A
+// screen that searches often gives its `buscador`, which keeps what one
+// search prepared for the next.
 SearchResult buscar_articulos(Context &ctx, const QString &texto, QString &boton, GridSink &grilla,
-                                   const ListActions &acciones = {});
+                              const ListActions &acciones = {}, CatalogueSearcher *buscador = nullptr);
 
 // The options of the settings file that shape a search.
 struct SearchOptions {
@@ -75,8 +77,7 @@ SearchOptions leer_opciones_busqueda(const Context &ctx);
 // terms), as the condition, the comment branch and the log use it.
 QString texto_de_trabajo(const SearchOptions &opciones, const QString &texto);
 // The search of a working text.
-SearchQuery consulta_de_texto(const SearchOptions &opciones, const QString &texto_trabajo,
-                                   int limite);
+SearchQuery consulta_de_texto(const SearchOptions &opciones, const QString &texto_trabajo, int limite);
 // The rows asked and the caption that follows: the cap of
 // `busqueda_cantidad_resultados_combo` + 1 on a press of "Buscar" when
 // `busqueda_cantidad_resultados` is 1, else `kLimiteTodos` and "Buscar".
@@ -87,6 +88,6 @@ int limite_busqueda(const Context &ctx, QString &boton);
 // article and the automatic add to the cart. On failure the operator sees
 // "ER GRA01: ..." and false is returned.
 bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &boton, GridSink &grilla,
-                          const ListActions &acciones = {});
+                          const ListActions &acciones = {}, CatalogueSearcher *buscador = nullptr);
 
 } // namespace vendrix
