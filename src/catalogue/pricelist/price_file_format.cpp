@@ -39,9 +39,8 @@ CREATE TABLE xls_reportes (
 )sql";
 
 constexpr const char *kIndices = R"sql(
-CREATE INDEX xls_listas_proveedor_codigo ON xls_listas (Proveedor, Codigo);
+CREATE INDEX xls_listas_codigo ON xls_listas (Codigo);
 CREATE INDEX xls_listas_viejos_proveedor_codigo ON xls_listas_viejos (Proveedor, Codigo);
-CREATE INDEX xls_novedades_proveedor ON xls_Novedades (Proveedor);
 )sql";
 
 } // namespace

@@ -19,8 +19,9 @@ class PriceFileConnection;
 // The version of the file's layout, kept both in `PRAGMA user_version` and in
 // `xls_parametros` under `FORMATO`. Version 1: the list tables plus the search
 // index `xls_busqueda`. Version 2: the index text keeps accents and ends in a
-// blank (a file of version 1 gets its index remade).
-inline constexpr int kFormatoLista = 2;
+// blank. Version 3: the index keeps only which articles hold each trigram.
+// A file of an older version gets its index remade.
+inline constexpr int kFormatoLista = 3;
 inline constexpr const char *kClaveFormato = "FORMATO";
 
 // Currency codes of `Moneda`.
@@ -80,7 +81,7 @@ double valor_precio(const QString &precio);
 // format version into `PRAGMA user_version`. False on failure (see
 // `db.error()`).
 bool crear_tablas_lista(PriceFileConnection &db);
-// The lookup indexes by supplier and code; made after a bulk load, which is
+// The lookup indexes by code; made after a bulk load, which is
 // faster than keeping them up to date row by row.
 bool crear_indices_lista(PriceFileConnection &db);
 

@@ -1,11 +1,13 @@
 #include "catalogue/search/catalogue_query.h"
 
 #include "catalogue/pricelist/price_file_connection.h"
+#include "catalogue/search/article_rows.h"
 #include "catalogue/search/search_index.h"
-#include "catalogue/search/text_source.h"
 #include "core/sqlite_values.h"
 
 #include <sqlite3.h>
+
+#include <QHash>
 
 #include <algorithm>
 
@@ -27,17 +29,37 @@ QString frase(QString run)
     return QLatin1Char('"') + run + QLatin1Char('"');
 }
 
-// What the index must hold for the text of a term to be there: the text as
-// a phrase when it is long enough, else a pair as one of the trigrams that
-// start with it (the indexed text ends with a blank, so each pair in it
-// starts a trigram). Nothing when the index can't narrow it: one character,
-// or a pair with too many trigrams.
+// The distinct trigrams of a folded text of three characters or more.
+QStringList trigramas_de(const QString &folded)
+{
+    const QList<uint> points = folded.toUcs4();
+    QStringList trigrams;
+    for (qsizetype i = 0; i + kMinimoIndice <= points.size(); ++i) {
+        const QString trigram =
+            QString::fromUcs4(reinterpret_cast<const char32_t *>(points.constData()) + i, kMinimoIndice);
+        if (!trigrams.contains(trigram))
+            trigrams << trigram;
+    }
+    return trigrams;
+}
+
+// What the index must hold for the text of a term to be there: every
+// trigram of the text when it is long enough (the index doesn't know where
+// they stand; the article's own text decides), else a pair as one of the
+// trigrams that start with it (the indexed text ends with a blank, so each
+// pair in it starts a trigram). Nothing when the index can't narrow it: one
+// character, or a pair with too many trigrams.
 std::optional<QString> acotar(const QString &text, const TrigramsOf &trigramas)
 {
     const QString folded = plegar_texto(text);
     const qsizetype length = caracteres(folded);
-    if (length >= kMinimoIndice)
-        return frase(folded);
+    if (length >= kMinimoIndice) {
+        QStringList all;
+        for (const QString &t : trigramas_de(folded))
+            all << frase(t);
+        return all.size() == 1 ? all.front()
+                               : QLatin1Char('(') + all.join(QLatin1String(" AND ")) + QLatin1Char(')');
+    }
     const std::optional<QStringList> trigrams =
         length == kMinimoIndice - 1 && trigramas ? trigramas(folded) : std::nullopt;
     if (!trigrams)
@@ -45,8 +67,8 @@ std::optional<QString> acotar(const QString &text, const TrigramsOf &trigramas)
     QStringList any;
     for (const QString &t : *trigrams)
         any << frase(t);
-    // A pair the index doesn't hold: nothing matches (a phrase without itself).
-    const QString never = frase(folded + folded);
+    // A pair the index doesn't hold: nothing matches (a trigram without itself).
+    const QString never = frase(folded + folded.left(folded.front().isHighSurrogate() ? 2 : 1));
     return QLatin1Char('(') +
            (any.isEmpty() ? never + QStringLiteral(" NOT ") + never : any.join(QLatin1String(" OR "))) +
            QLatin1Char(')');
@@ -88,11 +110,102 @@ QString texto_moneda(const QString &code)
     return code;
 }
 
+FoundArticle encontrado(const ArticleRow &row)
+{
+    return {row.id,     row.proveedor, row.grupo, row.descripcion, texto_moneda(row.moneda), row.marca,
+            row.precio, row.codigo,    {}};
+}
+
+// An article read with its folded text, as the searcher keeps favourites
+// and commented articles between searches.
+struct KnownArticle {
+    ArticleRow fila;
+    QString texto;
+};
+
+} // namespace
+
+// What a searcher keeps between searches on one connection: its prepared
+// statements, the shop's marks with the articles they point at, and those
+// articles' rows. The marks are read again when the shop's tables changed:
+// `data_version` moves when another connection wrote them, the connection's
+// change count when this one did.
+struct CatalogueSearcher::State {
+    std::unique_ptr<ArticleRows> filas;
+    std::unique_ptr<ShopMarks> marcas;
+    bool con_pedidos = false;
+    std::vector<qint64> version_marcas;
+    QHash<qint64, KnownArticle> conocidos; // favourites and commented articles
+
+    void conectar(sqlite3 *db)
+    {
+        if (filas && filas->db() == db)
+            return;
+        filas = std::make_unique<ArticleRows>(db);
+        marcas.reset();
+        conocidos.clear();
+    }
+
+    std::vector<qint64> version(sqlite3 *db)
+    {
+        std::vector<qint64> v{sqlite3_total_changes64(db)};
+        for (const char *sql : {"PRAGMA main.data_version", "PRAGMA clientes.data_version"}) {
+            sqlite3_stmt *stmt = nullptr;
+            v.push_back(sqlite3_prepare_v2(db, sql, -1, &stmt, nullptr) == SQLITE_OK &&
+                                sqlite3_step(stmt) == SQLITE_ROW
+                            ? sqlite3_column_int64(stmt, 0)
+                            : -1);
+            sqlite3_finalize(stmt);
+        }
+        return v;
+    }
+
+    // The marks, read again when they may have changed; orders only when asked.
+    bool leer_marcas(bool pedidos)
+    {
+        sqlite3 *db = filas->db();
+        const std::vector<qint64> now = version(db);
+        if (!marcas || now != version_marcas) {
+            marcas = std::make_unique<ShopMarks>();
+            con_pedidos = false;
+            conocidos.clear();
+            version_marcas = now;
+            if (!marcas->leer(db)) {
+                marcas.reset();
+                return false;
+            }
+        }
+        if (pedidos && !con_pedidos) {
+            if (!marcas->leer_pedidos(db)) {
+                marcas.reset();
+                return false;
+            }
+            con_pedidos = true;
+        }
+        return true;
+    }
+
+    const KnownArticle *conocido(qint64 id)
+    {
+        auto it = conocidos.find(id);
+        if (it == conocidos.end()) {
+            const std::optional<ArticleRow> row = filas->articulo(id);
+            if (!row)
+                return nullptr;
+            it = conocidos.insert(id, {*row, row->texto()});
+        }
+        return &it.value();
+    }
+};
+
+namespace {
+
 class QueryRun {
 public:
-    QueryRun(sqlite3 *db, const SearchQuery &consulta)
-        : db_(db), consulta_(consulta), filtro_(consulta.condicion), fuente_(db),
-          limite_(static_cast<size_t>(std::max(1, consulta.limite)))
+    QueryRun(CatalogueSearcher::State &estado, const SearchQuery &consulta,
+             const std::atomic<bool> *abandonar)
+        : estado_(estado), filas_(*estado.filas), consulta_(consulta), filtro_(consulta.condicion),
+          abandonar_(abandonar), limite_(static_cast<size_t>(std::max(1, consulta.limite)))
     {
         if (consulta.comentario)
             rama_comentario_ = plegar_texto(*consulta.comentario);
@@ -101,117 +214,103 @@ public:
     QueryResult ejecutar()
     {
         QueryResult r;
-        if (!marcas_.leer(db_) || !buscar() || !leer_articulos(r)) {
+        filas_.olvidar_fallo();
+        if (!estado_.leer_marcas(!consulta_.solo_favoritos) || !buscar()) {
             // Read now, while the failed statement is still alive.
-            r = {{}, false, false, SqlError::de_conexion(db_).texto()};
+            r = {{}, false, false, SqlError::de_conexion(filas_.db()).texto()};
+            return r;
+        }
+        if (abandonada()) {
+            r.ok = false;
+            r.abandonada = true;
+            return r;
+        }
+        r.hay_mas = encontrados_.size() > limite_ - 1;
+        encontrados_.resize(std::min(encontrados_.size(), limite_ - 1));
+        r.articulos.reserve(encontrados_.size());
+        for (const ArticleRow &row : encontrados_) {
+            FoundArticle a = encontrado(row);
+            if (consulta_.solo_favoritos)
+                a.marcas.favorito = true;
+            else
+                a.marcas = marcas().marcas(row.datos_marcas());
+            r.articulos.push_back(std::move(a));
         }
         return r;
     }
 
 private:
+    const ShopMarks &marcas() const { return *estado_.marcas; }
+
+    bool abandonada() const { return abandonar_ && abandonar_->load(std::memory_order_relaxed); }
+
     bool coincide(qint64 id, const QString &text) const
     {
-        const QString comment = consulta_.condicion.con_comentario ? marcas_.comentario(id) : QString();
+        const QString comment = consulta_.condicion.con_comentario ? marcas().comentario(id) : QString();
         const bool meets = comment.isEmpty() ? filtro_.cumple(text) : filtro_.cumple(text + comment);
-        return meets || (rama_comentario_ && marcas_.algun_comentario_contiene(id, *rama_comentario_));
+        return meets || (rama_comentario_ && marcas().algun_comentario_contiene(id, *rama_comentario_));
     }
 
-    // The IDs of the result in its order, one more than the grid shows when
+    // The rows of the result in its order, one more than the grid shows when
     // there are more.
     bool buscar()
     {
-        for (qint64 id : marcas_.favoritos()) {
-            if (coincide(id, fuente_.texto(id)))
-                ids_.push_back(id);
+        for (qint64 id : marcas().favoritos()) {
+            const KnownArticle *known = estado_.conocido(id);
+            if (known && coincide(id, known->texto))
+                encontrados_.push_back(known->fila);
         }
-        if (!consulta_.solo_favoritos && ids_.size() < limite_)
-            buscar_los_demas(limite_ - ids_.size());
-        return !fuente_.fallo();
+        if (!consulta_.solo_favoritos && encontrados_.size() < limite_)
+            buscar_los_demas(limite_ - encontrados_.size());
+        return !filas_.fallo();
     }
 
     // The first `wanted` articles that match and are not favourites, by ID.
     void buscar_los_demas(size_t wanted)
     {
         const QString expression =
-            fuente_.con_indice()
+            filas_.con_indice()
                 ? expresion_indice(consulta_.condicion,
-                                   [this](const QString &pair) { return fuente_.trigramas(pair); })
+                                   [this](const QString &pair) { return filas_.trigramas(pair); })
                 : QString();
         // The index doesn't hold comments: the articles with one are tested too.
         const bool comments_count = consulta_.condicion.con_comentario || rama_comentario_;
         const std::vector<qint64> none;
         const std::vector<qint64> &extra =
-            !expression.isEmpty() && comments_count ? marcas_.comentados() : none;
-        if (!fuente_.abrir(expression))
+            !expression.isEmpty() && comments_count ? marcas().comentados() : none;
+        if (!filas_.abrir(expression))
             return;
-        bool more = fuente_.siguiente();
+        ArticleRow row;
+        bool more = filas_.siguiente(row);
         size_t next_extra = 0;
-        while (wanted > 0 && (more || next_extra < extra.size())) {
-            qint64 id = 0;
-            QString text;
-            if (more && (next_extra == extra.size() || fuente_.id() <= extra[next_extra])) {
-                id = fuente_.id();
-                text = fuente_.texto_actual();
-                if (next_extra < extra.size() && extra[next_extra] == id)
+        while (wanted > 0 && (more || next_extra < extra.size()) && !abandonada()) {
+            if (more && (next_extra == extra.size() || row.id <= extra[next_extra])) {
+                if (next_extra < extra.size() && extra[next_extra] == row.id)
                     ++next_extra;
-                more = fuente_.siguiente();
+                if (!marcas().es_favorito(row.id) && coincide(row.id, row.texto())) {
+                    encontrados_.push_back(std::move(row));
+                    --wanted;
+                }
+                more = filas_.siguiente(row);
             } else {
-                id = extra[next_extra++];
-                text = fuente_.texto(id);
-            }
-            if (!marcas_.es_favorito(id) && coincide(id, text)) {
-                ids_.push_back(id);
-                --wanted;
+                const qint64 id = extra[next_extra++];
+                const KnownArticle *known = estado_.conocido(id);
+                if (known && !marcas().es_favorito(id) && coincide(id, known->texto)) {
+                    encontrados_.push_back(known->fila);
+                    --wanted;
+                }
             }
         }
     }
 
-    bool leer_articulos(QueryResult &r)
-    {
-        r.hay_mas = ids_.size() > limite_ - 1;
-        ids_.resize(std::min(ids_.size(), limite_ - 1));
-        if (ids_.empty())
-            return true;
-        if (!consulta_.solo_favoritos && !marcas_.leer_pedidos(db_))
-            return false;
-        PriceFileStatement row(db_, "SELECT Proveedor, Grupo, Descripcion, Moneda, Marca, Precio, Codigo, "
-                                    "Proveedor IS NULL, Codigo IS NULL, Descripcion IS NULL, Grupo IS NULL "
-                                    "FROM xls_listas WHERE ID = ?");
-        r.articulos.reserve(ids_.size());
-        for (qint64 id : ids_) {
-            row.entero(1, id);
-            if (!row.fila())
-                break;
-            FoundArticle a{id,
-                           row.columna(0),
-                           row.columna(1),
-                           row.columna(2),
-                           texto_moneda(row.columna(3)),
-                           row.columna(4),
-                           row.columna(5),
-                           row.columna(6),
-                           {}};
-            if (consulta_.solo_favoritos) {
-                a.marcas.favorito = true;
-            } else {
-                a.marcas = marcas_.marcas({id, a.proveedor, a.codigo, a.descripcion, a.grupo,
-                                           row.columna_entero(7) != 0, row.columna_entero(8) != 0,
-                                           row.columna_entero(9) != 0, row.columna_entero(10) != 0});
-            }
-            r.articulos.push_back(std::move(a));
-            row.reiniciar();
-        }
-        return !row.fallo();
-    }
-
-    sqlite3 *db_;
+    CatalogueSearcher::State &estado_;
+    ArticleRows &filas_;
     const SearchQuery &consulta_;
     TermFilter filtro_;
+    const std::atomic<bool> *abandonar_;
     std::optional<QString> rama_comentario_; // folded
-    ShopMarks marcas_;
-    TextSource fuente_;
     size_t limite_;
-    std::vector<qint64> ids_;
+    std::vector<ArticleRow> encontrados_;
 };
 
 // One read transaction for all the statements of a search: the files are
@@ -234,6 +333,12 @@ private:
     sqlite3 *db_;
 };
 
+// Stops SQLite's own work on a long step when the caller gives up.
+int progreso(void *flag)
+{
+    return static_cast<const std::atomic<bool> *>(flag)->load(std::memory_order_relaxed) ? 1 : 0;
+}
+
 } // namespace
 
 QString expresion_indice(const SearchCondition &condicion, const TrigramsOf &trigramas)
@@ -250,7 +355,9 @@ QString expresion_indice(const SearchCondition &condicion, const TrigramsOf &tri
             }
             options << *narrowed;
         }
-        if (!options.isEmpty())
+        if (options.size() == 1)
+            terms << options.front();
+        else if (!options.isEmpty())
             terms << QLatin1Char('(') + options.join(QLatin1String(" OR ")) + QLatin1Char(')');
     }
     return terms.join(QLatin1String(" AND "));
@@ -258,20 +365,31 @@ QString expresion_indice(const SearchCondition &condicion, const TrigramsOf &tri
 
 QueryResult ejecutar_consulta(sqlite3 *db, const SearchQuery &consulta)
 {
-    const SingleRead transaction(db);
-    return QueryRun(db, consulta).ejecutar();
+    return CatalogueSearcher().buscar(db, consulta);
 }
-
-struct CatalogueSearcher::State {};
 
 CatalogueSearcher::CatalogueSearcher() : estado_(std::make_unique<State>())
 {
 }
 CatalogueSearcher::~CatalogueSearcher() = default;
 
-QueryResult CatalogueSearcher::buscar(sqlite3 *db, const SearchQuery &consulta, const std::atomic<bool> *)
+QueryResult CatalogueSearcher::buscar(sqlite3 *db, const SearchQuery &consulta,
+                                      const std::atomic<bool> *abandonar)
 {
-    return ejecutar_consulta(db, consulta);
+    const SingleRead transaction(db);
+    estado_->conectar(db);
+    if (abandonar)
+        sqlite3_progress_handler(db, 1000, progreso, const_cast<std::atomic<bool> *>(abandonar));
+    QueryResult r = QueryRun(*estado_, consulta, abandonar).ejecutar();
+    if (abandonar) {
+        sqlite3_progress_handler(db, 0, nullptr, nullptr);
+        if (abandonar->load()) {
+            r = {};
+            r.ok = false;
+            r.abandonada = true;
+        }
+    }
+    return r;
 }
 
 } // namespace vendrix

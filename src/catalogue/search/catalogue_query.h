@@ -87,8 +87,9 @@ public:
     QueryResult buscar(sqlite3 *db, const SearchQuery &consulta,
                        const std::atomic<bool> *abandonar = nullptr);
 
+    struct State; // what is kept between searches
+
 private:
-    struct State;
     std::unique_ptr<State> estado_;
 };
 

@@ -5,6 +5,8 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 namespace vendrix {
 
 namespace {
@@ -17,38 +19,50 @@ bool ejecutar(sqlite3 *db, const char *sql)
 bool existe_tabla(sqlite3 *db, const char *tabla)
 {
     PriceFileStatement probe(db, "SELECT 1 FROM sqlite_master WHERE type IN ('table','view') AND name = ? "
-                              "COLLATE NOCASE");
+                                 "COLLATE NOCASE");
     probe.texto(1, QString::fromUtf8(tabla));
     return probe.fila();
 }
 
-// True when the index has exactly the articles of the list.
-bool indice_completo(sqlite3 *db)
+// The last article the index holds: kept beside it, since a contentless
+// index can't tell. Articles always get a higher ID than any before them,
+// so a list that grew has a higher last ID. A row deleted from the list
+// leaves its index row behind, which finds no article and so is harmless.
+qint64 ultimo_indexado(sqlite3 *db)
 {
-    PriceFileStatement counts(db,
-                           "SELECT (SELECT count(*) FROM xls_listas) = (SELECT count(*) FROM xls_busqueda)"
-                           " AND (SELECT ifnull(max(ID), 0) FROM xls_listas)"
-                           " = (SELECT ifnull(max(rowid), 0) FROM xls_busqueda)");
-    return counts.fila() && counts.columna_entero(0) == 1;
+    PriceFileStatement last(db, "SELECT ultimo_id FROM xls_busqueda_estado");
+    return last.fila() ? last.columna_entero(0) : -1;
 }
 
-bool completar_indice(sqlite3 *db)
+qint64 ultimo_articulo(sqlite3 *db)
 {
-    if (!ejecutar(db, "DELETE FROM xls_busqueda WHERE rowid NOT IN (SELECT ID FROM xls_listas)"))
-        return false;
+    PriceFileStatement last(db, "SELECT ifnull(max(ID), 0) FROM xls_listas");
+    return last.fila() ? last.columna_entero(0) : -1;
+}
+
+// Adds the articles after the last one indexed, and records the new last.
+bool completar_indice(sqlite3 *db, qint64 desde)
+{
     PriceFileStatement faltan(db, "SELECT ID, Proveedor, Grupo, Observaciones, Descripcion, Marca, Codigo "
-                               "FROM xls_listas WHERE ID NOT IN (SELECT rowid FROM xls_busqueda)");
+                                  "FROM xls_listas WHERE ID > ? ORDER BY ID");
     PriceFileStatement insertar(db, "INSERT INTO xls_busqueda (rowid, texto) VALUES (?, ?)");
     if (!faltan.valida() || !insertar.valida())
         return false;
+    faltan.entero(1, desde);
+    qint64 last = desde;
     while (faltan.fila()) {
-        insertar.entero(1, faltan.columna_entero(0));
+        last = faltan.columna_entero(0);
+        insertar.entero(1, last);
         insertar.texto(2, texto_busqueda(faltan.columna(1), faltan.columna(2), faltan.columna(3),
                                          faltan.columna(4), faltan.columna(5), faltan.columna(6)));
         if (!insertar.ejecutar())
             return false;
     }
-    return !faltan.fallo();
+    if (faltan.fallo() || !ejecutar(db, "DELETE FROM xls_busqueda_estado"))
+        return false;
+    PriceFileStatement estado(db, "INSERT INTO xls_busqueda_estado (ultimo_id) VALUES (?)");
+    estado.entero(1, last);
+    return estado.ejecutar();
 }
 
 bool marcar_version(sqlite3 *db)
@@ -82,19 +96,32 @@ bool optimizar(sqlite3 *db)
     return ejecutar(db, "INSERT INTO xls_busqueda (xls_busqueda) VALUES ('optimize')");
 }
 
+// The index keeps no copy of the text (the list has it) and no positions:
+// a search asks for the trigrams of a term and tests every article found on
+// its own text, so positions would only make the file bigger.
+constexpr const char *kCrearIndice =
+    "CREATE VIRTUAL TABLE IF NOT EXISTS xls_busqueda USING fts5(texto, tokenize='trigram case_sensitive 1', "
+    "content='', detail=none, columnsize=0);"
+    "CREATE TABLE IF NOT EXISTS xls_busqueda_estado (ultimo_id INTEGER);"
+    "CREATE INDEX IF NOT EXISTS xls_listas_codigo ON xls_listas (Codigo)";
+
 bool asegurar(sqlite3 *db)
 {
     if (!existe_tabla(db, "xls_listas"))
         return false;
-    // An index of an older format holds text folded another way.
-    if (version_archivo(db) < kFormatoLista && !ejecutar(db, "DROP TABLE IF EXISTS xls_busqueda"))
+    // An index of an older format holds text folded another way, or copies
+    // of the text; without the index, what is kept beside it tells nothing.
+    if ((version_archivo(db) < kFormatoLista || !existe_tabla(db, "xls_busqueda")) &&
+        !ejecutar(db, "DROP TABLE IF EXISTS xls_busqueda; DROP TABLE IF EXISTS xls_busqueda_estado;"
+                      "DROP INDEX IF EXISTS xls_listas_proveedor_codigo"))
         return false;
-    if (!ejecutar(db, "CREATE VIRTUAL TABLE IF NOT EXISTS xls_busqueda USING fts5(texto, tokenize='trigram "
-                      "case_sensitive 1')") ||
-        !ejecutar(db,
-                  "CREATE INDEX IF NOT EXISTS xls_listas_proveedor_codigo ON xls_listas (Proveedor, Codigo)"))
+    if (!ejecutar(db, kCrearIndice))
         return false;
-    if (!indice_completo(db) && !(completar_indice(db) && optimizar(db)))
+    const qint64 indexed = std::max<qint64>(ultimo_indexado(db), 0);
+    const qint64 last = ultimo_articulo(db);
+    if (last < 0)
+        return false;
+    if (last != indexed && !(completar_indice(db, indexed) && optimizar(db)))
         return false;
     return marcar_version(db);
 }
@@ -120,7 +147,7 @@ QString texto_busqueda(const QString &proveedor, const QString &grupo, const QSt
 bool indice_busqueda_al_dia(sqlite3 *db)
 {
     return db && existe_tabla(db, "xls_busqueda") && version_archivo(db) >= kFormatoLista &&
-           indice_completo(db);
+           existe_tabla(db, "xls_busqueda_estado") && ultimo_indexado(db) == ultimo_articulo(db);
 }
 
 bool asegurar_indice_busqueda(sqlite3 *db)

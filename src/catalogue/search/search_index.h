@@ -2,11 +2,14 @@
 
 // The index that serves the catalogue search: an FTS5 table `xls_busqueda`
 // with the trigram tokenizer, one row per article of `xls_listas` (same
-// rowid as the article's `ID`), whose one column `texto` is the article's
-// searchable text folded by `plegar_texto`. A search folds its terms the same
-// way and asks the index for the rows whose text holds every term. The text
-// is folded by our code only (the tokenizer keeps case), so the trigrams of
-// the index are exactly those of the folded text.
+// rowid as the article's `ID`), made of the trigrams of the article's
+// searchable text folded by `plegar_texto`. It holds neither the text nor
+// where each trigram stands (contentless, `detail=none`): it only tells
+// which articles hold a trigram, and the search tests each of them on the
+// text it makes from the list's own columns. A search folds its terms the
+// same way; the text is folded by our code only (the tokenizer keeps case),
+// so the trigrams of the index are exactly those of the folded text.
+// `xls_busqueda_estado` keeps the ID of the last article indexed.
 
 #include <QString>
 
@@ -29,14 +32,14 @@ QString texto_busqueda(const QString &proveedor, const QString &grupo, const QSt
                        const QString &descripcion, const QString &marca, const QString &codigo);
 
 // True when the open price database has its search index in the current
-// format and for every article. Reads only.
+// format and up to its last article. Reads only; as cheap as two lookups.
 bool indice_busqueda_al_dia(sqlite3 *db);
 
 // Makes sure that the price database open on `db` has its search index: it
 // creates `xls_busqueda` when it is missing, remakes it when the file's
-// format version is older (its text was folded another way), adds the
-// articles it lacks, drops the rows of articles that are gone, makes the
-// lookup index by supplier and code, and records the format version
+// format version is older, adds the articles after the last one indexed
+// (a row deleted from the list leaves an index row that finds nothing),
+// makes the lookup index by code, and records the format version
 // (`PRAGMA user_version` and `FORMATO` in `xls_parametros`). Cheap when the
 // index is complete. Runs inside a savepoint, so it can be called inside a
 // transaction; on failure nothing is changed. Needs a writable connection.

@@ -2,20 +2,16 @@
 
 namespace vendrix {
 
-// The suppliers come seek by seek along the index by supplier and code;
-// groups and brands have no index and share one scan, whose distinct pairs
-// are compared exactly, which is cheaper; the union then merges without
+// One scan of the list gives its distinct suppliers, groups and brands,
+// compared exactly, which is cheaper; the union then merges them without
 // regard to case.
 QString consulta_sugerencias()
 {
-    return QStringLiteral("WITH RECURSIVE p(x) AS (SELECT min(Proveedor) FROM xls_listas "
-                          "UNION ALL SELECT (SELECT min(Proveedor) FROM xls_listas WHERE Proveedor > x) "
-                          "FROM p WHERE x IS NOT NULL), "
-                          "gm AS MATERIALIZED (SELECT DISTINCT Grupo COLLATE BINARY AS g, "
-                          "Marca COLLATE BINARY AS m FROM xls_listas) "
-                          "SELECT x COLLATE NOCASE FROM p WHERE x <> '' "
-                          "UNION SELECT g FROM gm WHERE g <> '' "
-                          "UNION SELECT m FROM gm WHERE m <> '' ORDER BY 1");
+    return QStringLiteral("WITH pgm AS MATERIALIZED (SELECT DISTINCT Proveedor COLLATE BINARY AS p, "
+                          "Grupo COLLATE BINARY AS g, Marca COLLATE BINARY AS m FROM xls_listas) "
+                          "SELECT p COLLATE NOCASE FROM pgm WHERE p <> '' "
+                          "UNION SELECT g FROM pgm WHERE g <> '' "
+                          "UNION SELECT m FROM pgm WHERE m <> '' ORDER BY 1");
 }
 
 } // namespace vendrix

@@ -101,35 +101,30 @@ bool ShopMarks::leer(sqlite3 *db)
     return true;
 }
 
-// Finds the articles of each key through the index by supplier and code,
-// which ignores the case of A-Z only: every spelling of the other letters
-// is asked for. The rare key with too many spellings is found by one pass
-// over the list.
+// Finds the articles of each key through the index by code, which ignores
+// the case of A-Z only: every spelling of the code's other letters is asked
+// for, and the supplier is compared here. The rare code with too many
+// spellings is found by one pass over the list.
 bool ShopMarks::resolver(sqlite3 *db, const QHash<QString, Key> &keys,
                          QHash<QString, std::vector<qint64>> &found)
 {
     if (keys.isEmpty())
         return true;
-    PriceFileStatement lookup(
-        db, "SELECT ID, Proveedor, Codigo FROM xls_listas WHERE Proveedor = ? AND Codigo = ?");
+    PriceFileStatement lookup(db, "SELECT ID, Proveedor, Codigo FROM xls_listas WHERE Codigo = ?");
     QSet<QString> by_scan;
     for (auto it = keys.cbegin(); it != keys.cend(); ++it) {
-        const QStringList suppliers = variantes_de_caso(it->proveedor, kTopeVariantes);
         const QStringList codes = variantes_de_caso(it->codigo, kTopeVariantes);
-        if (suppliers.isEmpty() || codes.isEmpty() || suppliers.size() * codes.size() > kTopeVariantes) {
+        if (codes.isEmpty()) {
             by_scan.insert(it.key());
             continue;
         }
-        for (const QString &supplier : suppliers) {
-            for (const QString &code : codes) {
-                lookup.texto(1, supplier);
-                lookup.texto(2, code);
-                while (lookup.fila()) {
-                    if (clave_marca(lookup.columna(1), lookup.columna(2)) == it.key())
-                        found[it.key()].push_back(lookup.columna_entero(0));
-                }
-                lookup.reiniciar();
+        for (const QString &code : codes) {
+            lookup.texto(1, code);
+            while (lookup.fila()) {
+                if (clave_marca(lookup.columna(1), lookup.columna(2)) == it.key())
+                    found[it.key()].push_back(lookup.columna_entero(0));
             }
+            lookup.reiniciar();
         }
     }
     if (lookup.fallo())

@@ -224,10 +224,10 @@ TEST_F(BuscarArticulosTest, HighDetailLogsTheQueryAndItsTime)
     f.opcion("busqueda_cantidad_resultados", "1");
     f.opcion("busqueda_cantidad_resultados_combo", "10");
     buscar("tornillo 1");
-    EXPECT_EQ(
-        log("Listas - SELECT"),
-        QStringList{u("Listas - SELECT rowid FROM xls_busqueda WHERE xls_busqueda MATCH '(\"TORNILLO\")' - "
-                      "límite 11.")});
+    EXPECT_EQ(log("Listas - SELECT"),
+              QStringList{
+                  u("Listas - SELECT rowid FROM xls_busqueda WHERE xls_busqueda MATCH '(\"TOR\" AND \"ORN\" "
+                    "AND \"RNI\" AND \"NIL\" AND \"ILL\" AND \"LLO\")' - límite 11.")});
     EXPECT_EQ(log("Tiempo de ejecución"), QStringList{u("Tiempo de ejecución de la query: 0.")});
 }
 
@@ -258,8 +258,9 @@ TEST_F(BuscarArticulosTest, StartUpAddsAMissingIndexOnce)
     EXPECT_EQ(log("Listas - "),
               (QStringList{u("Listas - la base de precios no tiene el índice de búsqueda al día: se crea."),
                            u("Listas - se creó el índice de búsqueda de la base de precios.")}));
-    EXPECT_EQ(valor(f.app.ruta(QLatin1String(Database::kPriceFile)), "SELECT count(*) FROM xls_busqueda"),
-              QStringLiteral("20"));
+    EXPECT_EQ(
+        valor(f.app.ruta(QLatin1String(Database::kPriceFile)), "SELECT ultimo_id FROM xls_busqueda_estado"),
+        QStringLiteral("20"));
     EXPECT_EQ(buscar_ids("pava"), QStringList{"19"});
     // The price connection is read-only again.
     EXPECT_FALSE(f.app.db().execNQ(QStringLiteral("DELETE FROM xls_listas"), QStringLiteral("external")));

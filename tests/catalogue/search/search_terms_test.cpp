@@ -85,7 +85,7 @@ TEST(TextoBusqueda, TermsAreTheCharactersTyped)
               (SearchCondition{{{"]bus", "]BUC", "]BUZ", "]VUS", "]VUC", "]VUZ"}}, true}));
 }
 
-TEST(ExpresionIndice, TextsAsPhrasesPairsAsTheTrigramsThatStartWithThem)
+TEST(ExpresionIndice, TextsAsTheirTrigramsPairsAsTheTrigramsThatStartWithThem)
 {
     QStringList asked;
     const TrigramsOf trigrams = [&asked](const QString &pair) -> std::optional<QStringList> {
@@ -99,11 +99,12 @@ TEST(ExpresionIndice, TextsAsPhrasesPairsAsTheTrigramsThatStartWithThem)
     const auto expr = [&trigrams](const char *text) {
         return expresion_indice(filtro_terminos(u(text)), trigrams);
     };
-    EXPECT_EQ(expr("m8 perno"), u("((\"M8 \" OR \"M8X\")) AND (\"PERNO\")"));
-    EXPECT_EQ(expr("a_b [[[]]x[]] 50[%] 1/2\""),
-              u("(\"A_B\") AND (\"[X]\") AND (\"50%\") AND (\"1/2\"\"\")"));
+    EXPECT_EQ(expr("m8 perno"), u("(\"M8 \" OR \"M8X\") AND (\"PER\" AND \"ERN\" AND \"RNO\")"));
+    // Each trigram once; a quote doubled inside its string.
+    EXPECT_EQ(expr("a_b [[[]]x[]] 50[%] 1/2\" ññññ"),
+              u("\"A_B\" AND \"[X]\" AND \"50%\" AND (\"1/2\" AND \"/2\"\"\") AND \"ÑÑÑ\""));
     // A pair the index never saw: no article can match.
-    EXPECT_EQ(expr("[[[]][%]"), u("((\"[%[%\" NOT \"[%[%\"))"));
+    EXPECT_EQ(expr("[[[]][%]"), u("(\"[%[\" NOT \"[%[\")"));
     EXPECT_EQ(expr("de _"), QString());
     EXPECT_EQ(asked, (QStringList{"M8", "[%", "DE"}));
 }

@@ -20,8 +20,8 @@ namespace {
 struct Supplier {
     const SupplierList *lista = nullptr;
     const SupplierList *anterior = nullptr; // its former list, when there is one
-    bool nueva = false;                       // came with a new list
-    QString plegado;                          // the name as suppliers are matched and sorted
+    bool nueva = false;                     // came with a new list
+    QString plegado;                        // the name as suppliers are matched and sorted
 };
 
 // The prepared inserts of one build.
@@ -185,8 +185,10 @@ std::vector<Supplier> planear(const std::vector<SupplierList> &nuevas, const Pri
 QString escribir(PriceFileConnection &db, const BuildOptions &opciones, const std::vector<Supplier> &plan,
                  const PriceFileContent *anterior, BuildResult &r)
 {
-    if (!db.ejecutar("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA cache_size = -65536;"
-                     "BEGIN") ||
+    // The pages the index frees while it merges go back at the end, so the
+    // file holds no empty pages.
+    if (!db.ejecutar("PRAGMA auto_vacuum = FULL; PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; "
+                     "PRAGMA cache_size = -65536; BEGIN") ||
         !crear_tablas_lista(db))
         return db.error();
     FileWriter out(db.db());
@@ -269,9 +271,8 @@ QString ruta_temporal_lista(const QString &salida)
     return salida + QStringLiteral(".construyendo");
 }
 
-BuildResult construir_lista(const BuildOptions &opciones,
-                                      const std::vector<SupplierList> &nuevas,
-                                      const PriceFileContent *anterior)
+BuildResult construir_lista(const BuildOptions &opciones, const std::vector<SupplierList> &nuevas,
+                            const PriceFileContent *anterior)
 {
     BuildResult result;
     result.error = validar(nuevas, anterior);

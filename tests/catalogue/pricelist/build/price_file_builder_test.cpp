@@ -63,9 +63,9 @@ TEST_F(ListaBuilderTest, BuildsFromCsvFilesWhatTheProgramReads)
     EXPECT_EQ(filas(db, "SELECT * FROM xls_proveedores ORDER BY 1"),
               (QStringList{"agro ñuñoa|2026-11-18|", "Sanitarios O'Higgins|2026-11-20|"}));
     EXPECT_EQ(filas(db, "SELECT CLAVE, VALOR FROM xls_parametros ORDER BY CLAVE"),
-              (QStringList{"CLIENTE|Ferretería Demo", "FECHA|2026-11-23", "FORMATO|2", "TOTREG|3",
+              (QStringList{"CLIENTE|Ferretería Demo", "FECHA|2026-11-23", "FORMATO|3", "TOTREG|3",
                            "VERSION|1.0.0"}));
-    EXPECT_EQ(valor(db, "PRAGMA user_version"), "2");
+    EXPECT_EQ(valor(db, "PRAGMA user_version"), "3");
     // A first build has no changes nor old prices, and the sample reports and tips.
     EXPECT_EQ(filas(db,
                     "SELECT (SELECT count(*) FROM xls_Novedades), (SELECT count(*) FROM xls_listas_viejos), "
@@ -188,7 +188,7 @@ TEST_F(ListaBuilderTest, RefusalsAndFailedWritesLeaveNoFile)
     test::ejecutar_en_archivo(ruta("futuro.vdrxdb"), {"PRAGMA user_version = 7"});
     EXPECT_FALSE(leer_contenido_lista(ruta("futuro.vdrxdb"), previous, error));
     EXPECT_EQ(error, "La base de precios anterior 'futuro.vdrxdb' tiene un formato más nuevo (7) que el que "
-                     "conoce este programa (2).");
+                     "conoce este programa (3).");
     EXPECT_FALSE(QFile::exists(ruta("x.vdrxdb")));
 
     ASSERT_TRUE(QDir(dir_.path()).mkdir("ocupado.vdrxdb"));

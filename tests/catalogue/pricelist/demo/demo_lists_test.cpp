@@ -85,7 +85,7 @@ TEST(CarpetaDemo, WritesTheSeedsTemplateAndSettingsOfAFirstRun)
     const QString db = app.filePath("Vendrix.install");
     EXPECT_EQ(filas(db, "SELECT group_concat(CLAVE || '=' || VALOR, ' ') FROM (SELECT * FROM xls_parametros "
                         "ORDER BY CLAVE)"),
-              QStringList{"CLIENTE=Ferretería Demo FECHA=2026-11-23 FORMATO=2 TOTREG=500 VERSION=1.0.0"});
+              QStringList{"CLIENTE=Ferretería Demo FECHA=2026-11-23 FORMATO=3 TOTREG=500 VERSION=1.0.0"});
     EXPECT_EQ(filas(db, "SELECT (SELECT count(*) FROM xls_reportes), (SELECT count(*) FROM xls_tips)"),
               QStringList{"6|12"});
     EXPECT_EQ(QDir(options.carpeta_csv).entryList(QDir::Files).size(), 9);

@@ -1,0 +1,135 @@
+#include "catalogue/search/article_rows.h"
+
+#include "catalogue/pricelist/price_file_format.h"
+#include "catalogue/search/search_index.h"
+
+#include <sqlite3.h>
+
+namespace vendrix {
+
+namespace {
+
+// More trigrams than this for one pair, and the pair isn't asked of the index.
+constexpr int kTopeTrigramas = 400;
+
+#define CAMPOS                                                                                               \
+    "l.ID, l.Proveedor, l.Grupo, l.Observaciones, l.Descripcion, l.Marca, l.Codigo, l.Moneda, l.Precio, "    \
+    "l.Proveedor IS NULL, l.Codigo IS NULL, l.Descripcion IS NULL, l.Grupo IS NULL"
+
+constexpr const char *kUno = "SELECT " CAMPOS " FROM xls_listas l WHERE l.ID = ?";
+constexpr const char *kTodos = "SELECT " CAMPOS " FROM xls_listas l ORDER BY l.ID";
+// The index leads: its rows come in order of rowid, and each finds its
+// article by ID.
+constexpr const char *kDelIndice = "SELECT " CAMPOS " FROM xls_busqueda b CROSS JOIN xls_listas l "
+                                   "ON l.ID = b.rowid WHERE xls_busqueda MATCH ? ORDER BY b.rowid";
+#undef CAMPOS
+
+} // namespace
+
+QString ArticleRow::texto() const
+{
+    return texto_busqueda(proveedor, grupo, observaciones, descripcion, marca, codigo);
+}
+
+ShopMarks::ArticleData ArticleRow::datos_marcas() const
+{
+    return {id,          proveedor,        codigo,    descripcion, grupo, proveedor_nulo,
+            codigo_nulo, descripcion_nula, grupo_nulo};
+}
+
+PriceFileStatement &ArticleRows::sentencia(const char *sql)
+{
+    std::unique_ptr<PriceFileStatement> &kept = sentencias_[QByteArray::fromRawData(sql, qstrlen(sql))];
+    if (!kept || !kept->valida() || kept->fallo())
+        kept = std::make_unique<PriceFileStatement>(db_, sql);
+    else
+        kept->reiniciar();
+    return *kept;
+}
+
+bool ArticleRows::con_indice()
+{
+    PriceFileStatement &probe =
+        sentencia("SELECT (SELECT count(*) FROM sqlite_master WHERE type = 'table' AND "
+                  "name = 'xls_busqueda') = 1 AND (SELECT user_version FROM pragma_user_version) >= ?");
+    probe.entero(1, kFormatoLista);
+    const bool indexed = probe.fila() && probe.columna_entero(0) == 1;
+    fallo_ = fallo_ || probe.fallo();
+    probe.reiniciar();
+    return indexed;
+}
+
+bool ArticleRows::leer(PriceFileStatement &row, ArticleRow &fila)
+{
+    if (!row.fila()) {
+        fallo_ = fallo_ || row.fallo();
+        return false;
+    }
+    fila = {row.columna_entero(0),
+            row.columna(1),
+            row.columna(2),
+            row.columna(3),
+            row.columna(4),
+            row.columna(5),
+            row.columna(6),
+            row.columna(7),
+            row.columna(8),
+            row.columna_entero(9) != 0,
+            row.columna_entero(10) != 0,
+            row.columna_entero(11) != 0,
+            row.columna_entero(12) != 0};
+    return true;
+}
+
+std::optional<ArticleRow> ArticleRows::articulo(qint64 id)
+{
+    PriceFileStatement &one = sentencia(kUno);
+    one.entero(1, id);
+    ArticleRow row;
+    const bool found = leer(one, row);
+    one.reiniciar();
+    return found ? std::optional(row) : std::nullopt;
+}
+
+// The index's own list of its trigrams, in order: those of a pair are one
+// range of it.
+std::optional<QStringList> ArticleRows::trigramas(const QString &par)
+{
+    if (!vocabulario_) {
+        sqlite3_exec(db_,
+                     "CREATE VIRTUAL TABLE IF NOT EXISTS temp.xls_busqueda_trigramas USING "
+                     "fts5vocab(main, xls_busqueda, row)",
+                     nullptr, nullptr, nullptr);
+        vocabulario_ = true;
+    }
+    PriceFileStatement &vocabulary =
+        sentencia("SELECT term FROM temp.xls_busqueda_trigramas WHERE term >= ? AND term <= ?");
+    vocabulary.texto(1, par);
+    vocabulary.texto(2, par + QString::fromUcs4(U"\U0010FFFF"));
+    QStringList trigrams;
+    while (vocabulary.fila() && trigrams.size() <= kTopeTrigramas) {
+        const QString term = vocabulary.columna(0);
+        if (term.startsWith(par))
+            trigrams << term;
+    }
+    fallo_ = fallo_ || vocabulary.fallo();
+    const bool usable = !vocabulary.fallo() && trigrams.size() <= kTopeTrigramas;
+    vocabulary.reiniciar();
+    return usable ? std::optional(trigrams) : std::nullopt;
+}
+
+bool ArticleRows::abrir(const QString &expresion)
+{
+    recorrido_ = &sentencia(expresion.isEmpty() ? kTodos : kDelIndice);
+    if (!expresion.isEmpty())
+        recorrido_->texto(1, expresion);
+    fallo_ = fallo_ || !recorrido_->valida();
+    return recorrido_->valida();
+}
+
+bool ArticleRows::siguiente(ArticleRow &fila)
+{
+    return recorrido_ && recorrido_->valida() && leer(*recorrido_, fila);
+}
+
+} // namespace vendrix

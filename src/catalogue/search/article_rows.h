@@ -1,0 +1,71 @@
+#pragma once
+
+// Where the search reads the articles: the rows of `xls_listas`, either the
+// ones the index `xls_busqueda` gives for an expression or the whole list,
+// always in order of ID. Each row comes with the fields the grid shows and
+// the folded text the search tests.
+
+#include "catalogue/pricelist/price_file_connection.h"
+#include "catalogue/search/shop_marks.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <map>
+#include <memory>
+#include <optional>
+
+struct sqlite3;
+
+namespace vendrix {
+
+// One article as the search reads it.
+struct ArticleRow {
+    qint64 id = 0;
+    QString proveedor, grupo, observaciones, descripcion, marca, codigo, moneda, precio;
+    bool proveedor_nulo = false, codigo_nulo = false, descripcion_nula = false, grupo_nulo = false;
+
+    // The searchable text, folded (see `texto_busqueda`).
+    QString texto() const;
+    ShopMarks::ArticleData datos_marcas() const;
+};
+
+// The statements of one connection, prepared once and kept while the
+// connection lasts.
+class ArticleRows {
+public:
+    explicit ArticleRows(sqlite3 *db) : db_(db) {}
+
+    sqlite3 *db() const { return db_; }
+    // True when the file has its index in the current format.
+    bool con_indice();
+    // One article; nothing when there is no such article or on failure.
+    std::optional<ArticleRow> articulo(qint64 id);
+
+    // The trigrams of the index that start with a pair of characters;
+    // nothing when there are too many to be worth asking for, or on failure.
+    std::optional<QStringList> trigramas(const QString &par);
+
+    // Walks articles in order of ID: those the index gives for `expresion`,
+    // or every article when it is empty. `siguiente` reads the next one
+    // into `fila` and is false at the end.
+    bool abrir(const QString &expresion);
+    bool siguiente(ArticleRow &fila);
+
+    // A database failure in the last search (the connection holds the error).
+    bool fallo() const { return fallo_; }
+    void olvidar_fallo() { fallo_ = false; }
+
+private:
+    PriceFileStatement &sentencia(const char *sql);
+    bool leer(PriceFileStatement &row, ArticleRow &fila);
+
+    sqlite3 *db_;
+    std::map<QByteArray, std::unique_ptr<PriceFileStatement>> sentencias_;
+    PriceFileStatement *recorrido_ = nullptr;
+    bool vocabulario_ = false;
+    bool fallo_ = false;
+};
+
+} // namespace vendrix
