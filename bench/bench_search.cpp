@@ -148,6 +148,7 @@ struct Entorno {
         ctx.escribir_parametro(QStringLiteral("busqueda_cantidad_resultados_combo"), QStringLiteral("10"));
     }
     QString folder;
+    CatalogueSearcher buscador; // the price tab's own, kept between searches
     Operador op;
     SilentStatus status;
     SystemClock clock;
@@ -256,7 +257,7 @@ void correr(benchmark::State &state, const std::vector<const char *> &texts, boo
         clock.start();
         if (indexed) {
             QString caption = QLatin1String(capped ? kBotonBuscar : kBotonBuscarTodos);
-            buscar_articulos(e.ctx, QString::fromUtf8(text), caption, grid);
+            buscar_articulos(e.ctx, QString::fromUtf8(text), caption, grid, {}, &e.buscador);
             rows += grid.filas;
         } else {
             rows += escanear(e.ctx.db().conexion(QStringLiteral("external")), text, capped);

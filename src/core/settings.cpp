@@ -4,8 +4,10 @@
 #include "core/cp1252.h"
 
 #include <QFile>
+#include <QHash>
 #include <QSaveFile>
 
+#include <mutex>
 #include <vector>
 
 namespace vendrix {
@@ -222,50 +224,76 @@ const char *const kDefaultLines[] = {
     "letraGrande = 0",
 };
 
-// The values of `keys` in `section` with one read of the file: for each key
-// the first line of a matching section that names it.
-QStringList leer_claves(const QString &path, const QString &section, const QStringList &keys)
+// The key under which a value is kept: section and key compared ignoring
+// case, as the lookup does.
+QString clave_valor(const QString &section, const QString &key)
 {
-    QStringList values(keys.size());
-    std::vector<bool> found(static_cast<size_t>(keys.size()), false);
-    qsizetype pending = keys.size();
+    return section.toCaseFolded() + QChar(0x1F) + key.toCaseFolded();
+}
+
+// Every value of the file: for each section and key the first line of a
+// section of that name that names the key.
+QHash<QString, QString> leer_valores(const QByteArray &bytes)
+{
+    QHash<QString, QString> values;
+    QString section;
     bool in_section = false;
-    const IniFile file = de_bytes(leer_bytes(path));
+    const IniFile file = de_bytes(bytes);
     for (const RawLine &line : file.lines) {
-        if (pending == 0)
-            break;
         const ParsedLine parsed = analizar(file.decodificar(line.body));
         if (parsed.kind == ParsedLine::Section) {
-            in_section = mismo_nombre(parsed.name, section);
+            section = parsed.name;
+            in_section = true;
             continue;
         }
         if (!in_section || parsed.kind != ParsedLine::Key)
             continue;
-        for (qsizetype i = 0; i < keys.size(); ++i) {
-            if (!found[static_cast<size_t>(i)] && mismo_nombre(parsed.name, keys[i])) {
-                values[i] = sin_comillas(parsed.value).left(Settings::kMaxValueLength);
-                found[static_cast<size_t>(i)] = true;
-                --pending;
-            }
-        }
+        const QString key = clave_valor(section, parsed.name);
+        if (!values.contains(key))
+            values.insert(key, sin_comillas(parsed.value).left(Settings::kMaxValueLength));
     }
     return values;
 }
 
 } // namespace
 
-Settings::Settings(QString path) : path_(std::move(path))
+// The last text read and its values: a read whose file holds the same bytes
+// doesn't parse it again.
+struct Settings::Lectura {
+    std::mutex mutex;
+    QByteArray bytes;
+    QHash<QString, QString> valores;
+    bool hecha = false;
+};
+
+Settings::Settings(QString path) : path_(std::move(path)), lectura_(std::make_shared<Lectura>())
 {
+}
+
+QStringList Settings::leer_claves(const QString &section, const QStringList &keys) const
+{
+    const QByteArray bytes = leer_bytes(path_);
+    const std::lock_guard lock(lectura_->mutex);
+    if (!lectura_->hecha || lectura_->bytes != bytes) {
+        lectura_->valores = leer_valores(bytes);
+        lectura_->bytes = bytes;
+        lectura_->hecha = true;
+    }
+    QStringList values;
+    values.reserve(keys.size());
+    for (const QString &key : keys)
+        values << lectura_->valores.value(clave_valor(section, key));
+    return values;
 }
 
 QString Settings::leer_ini(const QString &section, const QString &key) const
 {
-    return leer_claves(path_, section, {key}).first();
+    return leer_claves(section, {key}).first();
 }
 
 QStringList leer_parametros(const Settings &settings, const QStringList &keys)
 {
-    return leer_claves(settings.path(), QStringLiteral("PARAMETROS"), keys);
+    return settings.leer_claves(QStringLiteral("PARAMETROS"), keys);
 }
 
 bool Settings::escribir_ini(const QString &section, const QString &key, const QString &value) const

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+
+#include <memory>
 
 namespace vendrix {
 
@@ -9,7 +12,7 @@ namespace vendrix {
 // private-profile functions do, so files of the earlier Windows program keep
 // working: key lookup ignores case, blanks around `=` and at the end of a
 // value don't count, and a write changes one line and leaves the rest alone.
-// Nothing is cached: every call opens the file.
+// Every read opens the file; only the parse of a text already read is kept.
 class Settings {
 public:
     static constexpr int kMaxValueLength = 1023;
@@ -19,6 +22,8 @@ public:
     const QString &path() const { return path_; }
 
     QString leer_ini(const QString &section, const QString &key) const;
+    // The values of `keys` in `section` with one read of the file.
+    QStringList leer_claves(const QString &section, const QStringList &keys) const;
     // False when the file could not be written (a read-only folder, say).
     bool escribir_ini(const QString &section, const QString &key, const QString &value) const;
 
@@ -38,7 +43,9 @@ public:
     bool reemplazar_texto(const QString &text) const;
 
 private:
+    struct Lectura;
     QString path_;
+    std::shared_ptr<Lectura> lectura_;
 };
 
 } // namespace vendrix

@@ -91,23 +91,17 @@ std::optional<ArticleRow> ArticleRows::articulo(qint64 id)
     return found ? std::optional(row) : std::nullopt;
 }
 
-// The index's own list of its trigrams, in order: those of a pair are one
+// The index's list of its trigrams, in order: those of a pair are one
 // range of it.
 std::optional<QStringList> ArticleRows::trigramas(const QString &par)
 {
-    if (!vocabulario_) {
-        sqlite3_exec(db_,
-                     "CREATE VIRTUAL TABLE IF NOT EXISTS temp.xls_busqueda_trigramas USING "
-                     "fts5vocab(main, xls_busqueda, row)",
-                     nullptr, nullptr, nullptr);
-        vocabulario_ = true;
-    }
-    PriceFileStatement &vocabulary =
-        sentencia("SELECT term FROM temp.xls_busqueda_trigramas WHERE term >= ? AND term <= ?");
+    PriceFileStatement &vocabulary = sentencia(
+        "SELECT trigrama FROM xls_busqueda_trigramas WHERE trigrama >= ? AND trigrama <= ? LIMIT ?");
     vocabulary.texto(1, par);
     vocabulary.texto(2, par + QString::fromUcs4(U"\U0010FFFF"));
+    vocabulary.entero(3, kTopeTrigramas + 1);
     QStringList trigrams;
-    while (vocabulary.fila() && trigrams.size() <= kTopeTrigramas) {
+    while (vocabulary.fila()) {
         const QString term = vocabulary.columna(0);
         if (term.startsWith(par))
             trigrams << term;
@@ -116,6 +110,16 @@ std::optional<QStringList> ArticleRows::trigramas(const QString &par)
     const bool usable = !vocabulary.fallo() && trigrams.size() <= kTopeTrigramas;
     vocabulary.reiniciar();
     return usable ? std::optional(trigrams) : std::nullopt;
+}
+
+qint64 ArticleRows::articulos_con(const QString &trigrama)
+{
+    PriceFileStatement &count = sentencia("SELECT articulos FROM xls_busqueda_trigramas WHERE trigrama = ?");
+    count.texto(1, trigrama);
+    const qint64 n = count.fila() ? count.columna_entero(0) : 0;
+    fallo_ = fallo_ || count.fallo();
+    count.reiniciar();
+    return n;
 }
 
 bool ArticleRows::abrir(const QString &expresion)

@@ -46,6 +46,8 @@ public:
     // The trigrams of the index that start with a pair of characters;
     // nothing when there are too many to be worth asking for, or on failure.
     std::optional<QStringList> trigramas(const QString &par);
+    // How many articles hold a trigram (0 on failure).
+    qint64 articulos_con(const QString &trigrama);
 
     // Walks articles in order of ID: those the index gives for `expresion`,
     // or every article when it is empty. `siguiente` reads the next one
@@ -64,7 +66,6 @@ private:
     sqlite3 *db_;
     std::map<QByteArray, std::unique_ptr<PriceFileStatement>> sentencias_;
     PriceFileStatement *recorrido_ = nullptr;
-    bool vocabulario_ = false;
     bool fallo_ = false;
 };
 

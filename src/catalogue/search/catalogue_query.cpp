@@ -43,25 +43,50 @@ QStringList trigramas_de(const QString &folded)
     return trigrams;
 }
 
-// What the index must hold for the text of a term to be there: every
-// trigram of the text when it is long enough (the index doesn't know where
-// they stand; the article's own text decides), else a pair as one of the
-// trigrams that start with it (the indexed text ends with a blank, so each
-// pair in it starts a trigram). Nothing when the index can't narrow it: one
-// character, or a pair with too many trigrams.
-std::optional<QString> acotar(const QString &text, const TrigramsOf &trigramas)
+// The trigrams of a text the index is asked for: the rarest few are enough
+// to narrow the articles to test, and each one more costs a walk through
+// its list of articles.
+constexpr qsizetype kTrigramasPorTexto = 3;
+
+QStringList los_mas_raros(QStringList trigrams, const IndexVocabulary &vocabulario)
+{
+    if (!vocabulario.articulos || trigrams.size() <= kTrigramasPorTexto)
+        return trigrams;
+    std::vector<std::pair<qint64, QString>> counted;
+    for (QString &t : trigrams) {
+        const qint64 count = vocabulario.articulos(t);
+        // A trigram no article holds: that alone tells that nothing matches.
+        if (count == 0)
+            return {t};
+        counted.emplace_back(count, std::move(t));
+    }
+    std::stable_sort(counted.begin(), counted.end(),
+                     [](const auto &a, const auto &b) { return a.first < b.first; });
+    QStringList rarest;
+    for (qsizetype i = 0; i < kTrigramasPorTexto; ++i)
+        rarest << counted[static_cast<size_t>(i)].second;
+    return rarest;
+}
+
+// What the index must hold for the text of a term to be there: trigrams of
+// the text when it is long enough (the index doesn't know where they stand;
+// the article's own text decides), else a pair as one of the trigrams that
+// start with it (the indexed text ends with a blank, so each pair in it
+// starts a trigram). Nothing when the index can't narrow it: one character,
+// or a pair with too many trigrams.
+std::optional<QString> acotar(const QString &text, const IndexVocabulary &vocabulario)
 {
     const QString folded = plegar_texto(text);
     const qsizetype length = caracteres(folded);
     if (length >= kMinimoIndice) {
         QStringList all;
-        for (const QString &t : trigramas_de(folded))
+        for (const QString &t : los_mas_raros(trigramas_de(folded), vocabulario))
             all << frase(t);
         return all.size() == 1 ? all.front()
                                : QLatin1Char('(') + all.join(QLatin1String(" AND ")) + QLatin1Char(')');
     }
     const std::optional<QStringList> trigrams =
-        length == kMinimoIndice - 1 && trigramas ? trigramas(folded) : std::nullopt;
+        length == kMinimoIndice - 1 && vocabulario.trigramas ? vocabulario.trigramas(folded) : std::nullopt;
     if (!trigrams)
         return std::nullopt;
     QStringList any;
@@ -271,7 +296,8 @@ private:
         const QString expression =
             filas_.con_indice()
                 ? expresion_indice(consulta_.condicion,
-                                   [this](const QString &pair) { return filas_.trigramas(pair); })
+                                   {[this](const QString &pair) { return filas_.trigramas(pair); },
+                                    [this](const QString &trigram) { return filas_.articulos_con(trigram); }})
                 : QString();
         // The index doesn't hold comments: the articles with one are tested too.
         const bool comments_count = consulta_.condicion.con_comentario || rama_comentario_;
@@ -341,13 +367,13 @@ int progreso(void *flag)
 
 } // namespace
 
-QString expresion_indice(const SearchCondition &condicion, const TrigramsOf &trigramas)
+QString expresion_indice(const SearchCondition &condicion, const IndexVocabulary &vocabulario)
 {
     QStringList terms;
     for (const QStringList &term : condicion.terminos) {
         QStringList options;
         for (const QString &text : term) {
-            const std::optional<QString> narrowed = acotar(text, trigramas);
+            const std::optional<QString> narrowed = acotar(text, vocabulario);
             // One text the index can't narrow leaves the whole term open.
             if (!narrowed) {
                 options.clear();

@@ -93,12 +93,18 @@ private:
     std::unique_ptr<State> estado_;
 };
 
-// The trigrams of the index that start with a pair of characters; too many
-// to be worth it gives nothing (std::nullopt).
-using TrigramsOf = std::function<std::optional<QStringList>(const QString &par)>;
+// What the index tells of its trigrams.
+struct IndexVocabulary {
+    // The trigrams that start with a pair of characters; too many to be
+    // worth it gives nothing (std::nullopt).
+    std::function<std::optional<QStringList>(const QString &par)> trigramas;
+    // How many articles hold a trigram.
+    std::function<qint64(const QString &trigrama)> articulos;
+};
 
 // The index query for a condition ("" when no term can be narrowed). Without
-// `trigramas`, pairs narrow nothing.
-QString expresion_indice(const SearchCondition &condicion, const TrigramsOf &trigramas = {});
+// `trigramas`, pairs narrow nothing; without `articulos`, a longer text asks
+// for all its trigrams, else only for its rarest ones.
+QString expresion_indice(const SearchCondition &condicion, const IndexVocabulary &vocabulario = {});
 
 } // namespace vendrix

@@ -90,10 +90,18 @@ int version_archivo(sqlite3 *db)
 }
 
 // Merges the index into one segment after a large load: searches then read
-// one b-tree per trigram.
+// one b-tree per trigram. Then lists the trigrams with the number of
+// articles that hold each: a search picks the rarest trigrams of a term, and
+// finds those that start with a pair, without reading the index itself.
 bool optimizar(sqlite3 *db)
 {
-    return ejecutar(db, "INSERT INTO xls_busqueda (xls_busqueda) VALUES ('optimize')");
+    return ejecutar(db, "INSERT INTO xls_busqueda (xls_busqueda) VALUES ('optimize');"
+                        "DELETE FROM xls_busqueda_trigramas;"
+                        "CREATE VIRTUAL TABLE temp.xls_busqueda_vocabulario USING "
+                        "fts5vocab(main, xls_busqueda, row);"
+                        "INSERT INTO xls_busqueda_trigramas (trigrama, articulos) "
+                        "SELECT term, doc FROM temp.xls_busqueda_vocabulario;"
+                        "DROP TABLE temp.xls_busqueda_vocabulario");
 }
 
 // The index keeps no copy of the text (the list has it) and no positions:
@@ -103,6 +111,8 @@ constexpr const char *kCrearIndice =
     "CREATE VIRTUAL TABLE IF NOT EXISTS xls_busqueda USING fts5(texto, tokenize='trigram case_sensitive 1', "
     "content='', detail=none, columnsize=0);"
     "CREATE TABLE IF NOT EXISTS xls_busqueda_estado (ultimo_id INTEGER);"
+    "CREATE TABLE IF NOT EXISTS xls_busqueda_trigramas (trigrama TEXT PRIMARY KEY, articulos INTEGER) "
+    "WITHOUT ROWID;"
     "CREATE INDEX IF NOT EXISTS xls_listas_codigo ON xls_listas (Codigo)";
 
 bool asegurar(sqlite3 *db)
@@ -111,8 +121,10 @@ bool asegurar(sqlite3 *db)
         return false;
     // An index of an older format holds text folded another way, or copies
     // of the text; without the index, what is kept beside it tells nothing.
-    if ((version_archivo(db) < kFormatoLista || !existe_tabla(db, "xls_busqueda")) &&
+    if ((version_archivo(db) < kFormatoLista || !existe_tabla(db, "xls_busqueda") ||
+         !existe_tabla(db, "xls_busqueda_trigramas")) &&
         !ejecutar(db, "DROP TABLE IF EXISTS xls_busqueda; DROP TABLE IF EXISTS xls_busqueda_estado;"
+                      "DROP TABLE IF EXISTS xls_busqueda_trigramas;"
                       "DROP INDEX IF EXISTS xls_listas_proveedor_codigo"))
         return false;
     if (!ejecutar(db, kCrearIndice))
@@ -147,7 +159,8 @@ QString texto_busqueda(const QString &proveedor, const QString &grupo, const QSt
 bool indice_busqueda_al_dia(sqlite3 *db)
 {
     return db && existe_tabla(db, "xls_busqueda") && version_archivo(db) >= kFormatoLista &&
-           existe_tabla(db, "xls_busqueda_estado") && ultimo_indexado(db) == ultimo_articulo(db);
+           existe_tabla(db, "xls_busqueda_estado") && existe_tabla(db, "xls_busqueda_trigramas") &&
+           ultimo_indexado(db) == ultimo_articulo(db);
 }
 
 bool asegurar_indice_busqueda(sqlite3 *db)

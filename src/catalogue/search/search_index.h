@@ -9,7 +9,9 @@
 // text it makes from the list's own columns. A search folds its terms the
 // same way; the text is folded by our code only (the tokenizer keeps case),
 // so the trigrams of the index are exactly those of the folded text.
-// `xls_busqueda_estado` keeps the ID of the last article indexed.
+// `xls_busqueda_estado` keeps the ID of the last article indexed, and
+// `xls_busqueda_trigramas` every trigram with the number of articles that
+// hold it.
 
 #include <QString>
 

@@ -2,6 +2,8 @@
 #include "catalogue/search/search_terms.h"
 #include "support/qt_print.h"
 
+#include <QHash>
+
 #include <gtest/gtest.h>
 
 namespace vendrix {
@@ -88,7 +90,7 @@ TEST(TextoBusqueda, TermsAreTheCharactersTyped)
 TEST(ExpresionIndice, TextsAsTheirTrigramsPairsAsTheTrigramsThatStartWithThem)
 {
     QStringList asked;
-    const TrigramsOf trigrams = [&asked](const QString &pair) -> std::optional<QStringList> {
+    const auto trigrams = [&asked](const QString &pair) -> std::optional<QStringList> {
         asked << pair;
         if (pair == QLatin1String("M8"))
             return QStringList{"M8 ", "M8X"};
@@ -97,7 +99,7 @@ TEST(ExpresionIndice, TextsAsTheirTrigramsPairsAsTheTrigramsThatStartWithThem)
         return std::nullopt; // too many
     };
     const auto expr = [&trigrams](const char *text) {
-        return expresion_indice(filtro_terminos(u(text)), trigrams);
+        return expresion_indice(filtro_terminos(u(text)), {trigrams, {}});
     };
     EXPECT_EQ(expr("m8 perno"), u("(\"M8 \" OR \"M8X\") AND (\"PER\" AND \"ERN\" AND \"RNO\")"));
     // Each trigram once; a quote doubled inside its string.
@@ -107,6 +109,19 @@ TEST(ExpresionIndice, TextsAsTheirTrigramsPairsAsTheTrigramsThatStartWithThem)
     EXPECT_EQ(expr("[[[]][%]"), u("(\"[%[\" NOT \"[%[\")"));
     EXPECT_EQ(expr("de _"), QString());
     EXPECT_EQ(asked, (QStringList{"M8", "[%", "DE"}));
+}
+
+TEST(ExpresionIndice, WithTheCountsALongTextAsksForItsThreeRarestTrigrams)
+{
+    const QHash<QString, qint64> counts{{"TOR", 50}, {"ORN", 9},  {"RNI", 9}, {"NIL", 70},
+                                        {"ILL", 4},  {"LLO", 60}, {"CAÑ", 5}, {"AÑO", 0}};
+    const IndexVocabulary vocabulary{{}, [&counts](const QString &t) { return counts.value(t, 1000); }};
+    // Ties keep the order of the text.
+    EXPECT_EQ(expresion_indice(filtro_terminos(u("tornillo")), vocabulary),
+              u("(\"ILL\" AND \"ORN\" AND \"RNI\")"));
+    // A trigram no article holds is enough; three trigrams or fewer are all asked.
+    EXPECT_EQ(expresion_indice(filtro_terminos(u("cañosa tor")), vocabulary), u("\"AÑO\" AND \"TOR\""));
+    EXPECT_EQ(expresion_indice(filtro_terminos(u("cañi")), vocabulary), u("(\"CAÑ\" AND \"AÑI\")"));
 }
 
 } // namespace
