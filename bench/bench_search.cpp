@@ -244,6 +244,24 @@ void informar(benchmark::State &state, std::vector<double> &ms, int rows)
     state.counters["peak_rss_mb"] = rss_pico_mb();
 }
 
+// Each text's median, slowest first, to stderr: where the time goes.
+void detallar(const char *name, const std::vector<const char *> &texts, const std::vector<double> &ms)
+{
+    std::vector<std::pair<double, const char *>> medians;
+    for (size_t t = 0; t < texts.size(); ++t) {
+        std::vector<double> own;
+        for (size_t i = t; i < ms.size(); i += texts.size())
+            own.push_back(ms[i]);
+        std::sort(own.begin(), own.end());
+        medians.emplace_back(own[own.size() / 2], texts[t]);
+    }
+    std::sort(medians.rbegin(), medians.rend());
+    fprintf(stderr, "%s, mediana por texto:", name);
+    for (const auto &[median, text] : medians)
+        fprintf(stderr, " \"%s\" %.2f ms;", text, median);
+    fprintf(stderr, "\n");
+}
+
 void correr(benchmark::State &state, const std::vector<const char *> &texts, bool capped, bool indexed)
 {
     Entorno &e = entorno();
@@ -264,6 +282,8 @@ void correr(benchmark::State &state, const std::vector<const char *> &texts, boo
         }
         ms.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
     }
+    if (indexed)
+        detallar(capped ? "capada" : "Buscar Todos", texts, ms);
     informar(state, ms, rows);
 }
 

@@ -31,6 +31,14 @@ QString ArticleRow::texto() const
     return texto_busqueda(proveedor, grupo, observaciones, descripcion, marca, codigo);
 }
 
+void ArticleRow::texto_en(QString &buffer) const
+{
+    buffer.clear();
+    for (const QString *field : {&proveedor, &grupo, &observaciones, &descripcion, &marca, &codigo})
+        buffer.append(*field).append(QLatin1Char(' '));
+    plegar_en_su_lugar(buffer);
+}
+
 ShopMarks::ArticleData ArticleRow::datos_marcas() const
 {
     return {id,          proveedor,        codigo,    descripcion, grupo, proveedor_nulo,

@@ -28,6 +28,8 @@ struct ArticleRow {
 
     // The searchable text, folded (see `texto_busqueda`).
     QString texto() const;
+    // The same into `buffer`, whose memory is reused from row to row.
+    void texto_en(QString &buffer) const;
     ShopMarks::ArticleData datos_marcas() const;
 };
 

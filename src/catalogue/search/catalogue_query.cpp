@@ -169,6 +169,9 @@ struct CatalogueSearcher::State {
         filas = std::make_unique<ArticleRows>(db);
         marcas.reset();
         conocidos.clear();
+        // The file is read in place, page by page as the search needs it,
+        // instead of copied into SQLite's own cache.
+        sqlite3_exec(db, "PRAGMA main.mmap_size = 1073741824", nullptr, nullptr, nullptr);
     }
 
     std::vector<qint64> version(sqlite3 *db)
@@ -313,7 +316,8 @@ private:
             if (more && (next_extra == extra.size() || row.id <= extra[next_extra])) {
                 if (next_extra < extra.size() && extra[next_extra] == row.id)
                     ++next_extra;
-                if (!marcas().es_favorito(row.id) && coincide(row.id, row.texto())) {
+                row.texto_en(texto_);
+                if (!marcas().es_favorito(row.id) && coincide(row.id, texto_)) {
                     encontrados_.push_back(std::move(row));
                     --wanted;
                 }
@@ -337,6 +341,7 @@ private:
     std::optional<QString> rama_comentario_; // folded
     size_t limite_;
     std::vector<ArticleRow> encontrados_;
+    QString texto_; // the folded text of the row being tested
 };
 
 // One read transaction for all the statements of a search: the files are

@@ -140,11 +140,16 @@ bool asegurar(sqlite3 *db)
 
 } // namespace
 
+void plegar_en_su_lugar(QString &text)
+{
+    for (QChar &c : text)
+        c = c.toUpper();
+}
+
 QString plegar_texto(const QString &text)
 {
     QString folded = text;
-    for (QChar &c : folded)
-        c = c.toUpper();
+    plegar_en_su_lugar(folded);
     return folded;
 }
 

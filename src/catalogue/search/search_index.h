@@ -24,6 +24,7 @@ namespace vendrix {
 // Accents stay: the search tells "Á" from "A", as the earlier database engine
 // did, while "á" and "Á" are the same letter.
 QString plegar_texto(const QString &text);
+void plegar_en_su_lugar(QString &text);
 
 // The searchable text of an article: Proveedor, Grupo, Observaciones,
 // Descripcion, Marca and Codigo, each followed by one blank (an empty field

@@ -78,8 +78,10 @@ bool ShopMarks::leer(sqlite3 *db)
             favourite_keys.insert(key, clave);
         } else if (kind == QLatin1String("C")) {
             ++centinelas_[key];
+            codigos_marcados_.insert(plegar_texto(clave.codigo));
         } else if (kind == QLatin1String("T")) {
             ++testigos_[key];
+            codigos_marcados_.insert(plegar_texto(clave.codigo));
         }
     }
     if (rows.fallo())
@@ -149,6 +151,7 @@ bool ShopMarks::leer_pedidos(sqlite3 *db)
             "AND (Estado = 'Pedido Pendiente' COLLATE NOCASE OR Estado = 'Pedido' COLLATE NOCASE)");
     while (rows.fila()) {
         std::pair<int, int> &counts = pedidos_[clave_marca(rows.columna(0), rows.columna(1))];
+        grupos_pedidos_.insert(plegar_texto(rows.columna(1)));
         ++(rows.columna_entero(2) != 0 ? counts.first : counts.second);
     }
     return !rows.fallo();
@@ -178,16 +181,19 @@ bool ShopMarks::algun_comentario_contiene(qint64 id, const QString &plegado) con
     });
 }
 
+// Most articles carry no mark: the short code or group tells so before the
+// whole key is folded.
 RowMarks ShopMarks::marcas(const ArticleData &a) const
 {
     RowMarks m;
     m.favorito = es_favorito(a.id);
-    if (!a.proveedor_nulo && !a.codigo_nulo && !a.codigo.isEmpty()) {
+    if (!a.proveedor_nulo && !a.codigo_nulo && !a.codigo.isEmpty() &&
+        codigos_marcados_.contains(plegar_texto(a.codigo))) {
         const QString key = clave_marca(a.proveedor, a.codigo);
         m.centinela = centinelas_.value(key);
         m.testigo = testigos_.value(key);
     }
-    if (!a.descripcion_nula && !a.grupo_nulo) {
+    if (!a.descripcion_nula && !a.grupo_nulo && grupos_pedidos_.contains(plegar_texto(a.grupo))) {
         const std::pair<int, int> orders = pedidos_.value(clave_marca(a.descripcion, a.grupo));
         m.pedido_pendiente = orders.first;
         m.pedido = orders.second;

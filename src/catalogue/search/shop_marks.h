@@ -13,6 +13,7 @@
 // isn't empty; a comment may sit on an article without code.
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -76,8 +77,9 @@ private:
     QHash<QString, std::vector<qint64>> articulos_favoritos_; // key -> articles
     // key -> folded comments, first row first; a NULL comment is empty
     QHash<QString, std::vector<std::optional<QString>>> comentarios_;
-    QHash<qint64, QString> clave_comentada_;      // article -> its key in comentarios_
-    QHash<QString, std::pair<int, int>> pedidos_; // description+group -> pending, placed
+    QHash<qint64, QString> clave_comentada_;          // article -> its key in comentarios_
+    QHash<QString, std::pair<int, int>> pedidos_;     // description+group -> pending, placed
+    QSet<QString> codigos_marcados_, grupos_pedidos_; // folded, of the sentinels, witnesses and orders
     std::vector<qint64> favoritos_, comentados_;
 };
 
