@@ -1,8 +1,10 @@
-// Times the build of the demo price database (300 000 articles by default):
+// Times the build of the demo price database (300 000 articles unless
+// VENDRIX_BENCH_ARTICULOS says otherwise):
 // the lists are made once, then each run writes the file, its news of
 // changes and its search index.
 #include "catalogue/pricelist/build/extra_rows.h"
 #include "catalogue/pricelist/demo/demo_lists.h"
+#include "demo_shop_folder.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -46,7 +48,7 @@ void BM_ConstruirListaDemo(benchmark::State &state)
 
 } // namespace
 
-BENCHMARK(BM_GenerarListasDemo)->Arg(vendrix::kArticulosDemo)->Unit(benchmark::kSecond)->Iterations(1);
-BENCHMARK(BM_ConstruirListaDemo)->Arg(vendrix::kArticulosDemo)->Unit(benchmark::kSecond)->Iterations(2);
+BENCHMARK(BM_GenerarListasDemo)->Arg(vendrix::bench::articulos_demo())->Unit(benchmark::kSecond)->Iterations(1);
+BENCHMARK(BM_ConstruirListaDemo)->Arg(vendrix::bench::articulos_demo())->Unit(benchmark::kSecond)->Iterations(2);
 
 BENCHMARK_MAIN();

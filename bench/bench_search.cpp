@@ -121,7 +121,7 @@ void marcar(Context &ctx)
 QString carpeta_demo()
 {
     return bench::carpeta_demo("VENDRIX_BENCH_CARPETA", QStringLiteral("vendrix_bench_busqueda"),
-                               kArticulosDemo, [](const QString &folder) {
+                               bench::articulos_demo(), [](const QString &folder) {
                                    Operador op(true);
                                    SilentStatus status;
                                    SystemClock clock;
@@ -143,9 +143,20 @@ struct Entorno {
             ejecutar_migraciones(ctx);
             return;
         }
-        ctx.escribir_parametro(QStringLiteral("busqueda_ignorarPreposiciones"), QStringLiteral("1"));
         ctx.escribir_parametro(QStringLiteral("busqueda_cantidad_resultados"), QStringLiteral("1"));
         ctx.escribir_parametro(QStringLiteral("busqueda_cantidad_resultados_combo"), QStringLiteral("10"));
+        opciones(false);
+    }
+
+    // The options that widen a search, all off or all on (a given shop
+    // keeps its own).
+    void opciones(bool on)
+    {
+        if (qEnvironmentVariableIsSet("VENDRIX_BENCH_CARPETA"))
+            return;
+        for (const char *key : {"busqueda_ignorarPreposiciones", "busqueda_terminos_similares",
+                                "busqueda_ortografia", "busqueda_buscar_en_comentarios"})
+            ctx.escribir_parametro(QLatin1String(key), on ? QStringLiteral("1") : QStringLiteral("0"));
     }
     QString folder;
     CatalogueSearcher buscador; // the price tab's own, kept between searches
@@ -162,16 +173,28 @@ Entorno &entorno()
 }
 
 // The earlier program's statement on SQLite: the same shape, the built-in
-// LIKE on the concatenated fields of every row, with an escape so that `%`
-// and `_` in a term match themselves, as in the indexed search.
-QString sentencia_escaneo(int terms, bool capped)
+// LIKE on the concatenated fields of every row, each text of a term an
+// alternative, with an escape so that `%` and `_` in a term match
+// themselves, as in the indexed search; the user's comment closes the
+// haystack when the search takes comments.
+QString sentencia_escaneo(const SearchCondition &condition, bool capped)
 {
+    const QString comment = condition.con_comentario
+                                ? QStringLiteral("ifnull((SELECT Descripcion FROM clientes.vendrix_articulos_testigo "
+                                                 "WHERE Codigo = l.Codigo AND Proveedor = l.Proveedor AND "
+                                                 "Tipo = 'U'), '')")
+                                : QStringLiteral("''");
     const QString haystack = QStringLiteral(
         "(ifnull(l.Proveedor,'') || ' ' || ifnull(l.Grupo,'') || ' ' || ifnull(l.Observaciones,'') || ' ' || "
-        "ifnull(l.Descripcion,'') || ' ' || ifnull(l.Marca,'') || ' ' || ifnull(l.Codigo,'') || ' ' || '')");
+        "ifnull(l.Descripcion,'') || ' ' || ifnull(l.Marca,'') || ' ' || ifnull(l.Codigo,'') || ' ' || ") +
+                             comment + QLatin1Char(')');
     QString where;
-    for (int i = 0; i < terms; ++i)
-        where += haystack + QStringLiteral(" LIKE ? ESCAPE '\\' AND ");
+    for (const QStringList &term : condition.terminos) {
+        QStringList any;
+        for (qsizetype i = 0; i < term.size(); ++i)
+            any << haystack + QStringLiteral(" LIKE ? ESCAPE '\\'");
+        where += QLatin1Char('(') + any.join(QStringLiteral(" OR ")) + QStringLiteral(") AND ");
+    }
     where += QStringLiteral("1");
     const QString marks = QStringLiteral(
         "(SELECT count(*) FROM clientes.vendrix_articulos_testigo t WHERE l.Proveedor = t.Proveedor AND "
@@ -207,18 +230,25 @@ QString literal_like(QString term)
     return term.replace(QLatin1Char('_'), QLatin1String("\\_"));
 }
 
-int escanear(sqlite3 *db, const char *text, bool capped)
+// The scan of the text with the shop's options, as the search reads them.
+int escanear(Context &ctx, const char *text, bool capped)
 {
-    const QStringList terms =
-        quitar_preposiciones(QString::fromUtf8(text)).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    const QByteArray sql = sentencia_escaneo(static_cast<int>(terms.size()), capped).toUtf8();
+    const SearchOptions options = leer_opciones_busqueda(ctx);
+    const SearchCondition condition =
+        consulta_de_texto(options, texto_de_trabajo(options, QString::fromUtf8(text)), kLimiteTodos).condicion;
+    const QByteArray sql = sentencia_escaneo(condition, capped).toUtf8();
+    sqlite3 *db = ctx.db().conexion(QStringLiteral("external"));
     sqlite3_stmt *stmt = nullptr;
     sqlite3_prepare_v2(db, sql.constData(), -1, &stmt, nullptr);
-    for (int i = 0; i < terms.size(); ++i) {
-        const QByteArray pattern = (QLatin1Char('%') + literal_like(terms.at(i)) + QLatin1Char('%')).toUtf8();
-        sqlite3_bind_text(stmt, i + 1, pattern.constData(), -1, SQLITE_TRANSIENT);
-        sqlite3_bind_text(stmt, static_cast<int>(terms.size()) + i + 1, pattern.constData(), -1,
-                          SQLITE_TRANSIENT);
+    int n = 0;
+    for (int branch = 0; branch < 2; ++branch) {
+        for (const QStringList &term : condition.terminos) {
+            for (const QString &alternative : term) {
+                const QByteArray pattern =
+                    (QLatin1Char('%') + literal_like(texto_literal(alternative)) + QLatin1Char('%')).toUtf8();
+                sqlite3_bind_text(stmt, ++n, pattern.constData(), -1, SQLITE_TRANSIENT);
+            }
+        }
     }
     int rows = 0;
     while (sqlite3_step(stmt) == SQLITE_ROW && (!capped || rows < 11)) {
@@ -270,6 +300,12 @@ void correr(benchmark::State &state, const std::vector<const char *> &texts, boo
     int rows = 0;
     size_t next = 0;
     for (auto _ : state) {
+        // The mix with the widening options off, then on.
+        state.PauseTiming();
+        const size_t round = next / texts.size();
+        if (next % texts.size() == 0)
+            e.opciones(round % 2 == 1);
+        state.ResumeTiming();
         const char *text = texts[next++ % texts.size()];
         QElapsedTimer clock;
         clock.start();
@@ -278,12 +314,13 @@ void correr(benchmark::State &state, const std::vector<const char *> &texts, boo
             buscar_articulos(e.ctx, QString::fromUtf8(text), caption, grid, {}, &e.buscador);
             rows += grid.filas;
         } else {
-            rows += escanear(e.ctx.db().conexion(QStringLiteral("external")), text, capped);
+            rows += escanear(e.ctx, text, capped);
         }
         ms.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
     }
     if (indexed)
         detallar(capped ? "capada" : "Buscar Todos", texts, ms);
+    e.opciones(false);
     informar(state, ms, rows);
 }
 

@@ -6,6 +6,7 @@
 // given in the environment is taken as it is: never deleted or rebuilt.
 #include "catalogue/pricelist/build/price_file_builder.h"
 #include "catalogue/pricelist/demo/demo_lists.h"
+#include "catalogue/pricelist/price_file_format.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,17 +19,46 @@
 
 namespace vendrix::bench {
 
-// The folder: `variable`'s value when set, else `nombre` in the temporary
-// folder with a list of `articulos` demo articles and an empty shop
-// database, then `preparar` run on the folder in the child.
+// The size of the demo list the benchmarks measure: VENDRIX_BENCH_ARTICULOS,
+// else the program's own demo size.
+inline int articulos_demo()
+{
+    bool ok = false;
+    const int given = qEnvironmentVariableIntValue("VENDRIX_BENCH_ARTICULOS", &ok);
+    return ok && given > 0 ? given : kArticulosDemo;
+}
+
+// A folder made by an earlier run, still of the current file format.
+inline bool carpeta_al_dia(const QString &folder)
+{
+    if (!QFile::exists(folder + QStringLiteral("/.lista_lista")))
+        return false;
+    sqlite3 *db = nullptr;
+    int version = -1;
+    if (sqlite3_open_v2((folder + QStringLiteral("/Vendrix.vdrxdb")).toUtf8().constData(), &db,
+                        SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
+        sqlite3_stmt *stmt = nullptr;
+        if (sqlite3_prepare_v2(db, "PRAGMA user_version", -1, &stmt, nullptr) == SQLITE_OK &&
+            sqlite3_step(stmt) == SQLITE_ROW)
+            version = sqlite3_column_int(stmt, 0);
+        sqlite3_finalize(stmt);
+    }
+    sqlite3_close(db);
+    return version == kFormatoLista;
+}
+
+// The folder: `variable`'s value when set, else `nombre`_`articulos` in the
+// temporary folder with a list of that many demo articles and an empty shop
+// database, then `preparar` run on the folder in the child. A folder of an
+// older file format is made again.
 inline QString carpeta_demo(const char *variable, const QString &nombre, int articulos,
                             const std::function<void(const QString &)> &preparar = {})
 {
     if (const QString given = qEnvironmentVariable(variable); !given.isEmpty())
         return given;
-    const QString folder = QDir::temp().filePath(nombre);
+    const QString folder = QDir::temp().filePath(nombre + QLatin1Char('_') + QString::number(articulos));
     const QString done = folder + QStringLiteral("/.lista_lista");
-    if (QFile::exists(done))
+    if (carpeta_al_dia(folder))
         return folder;
     const pid_t child = fork();
     if (child == 0) {

@@ -10,7 +10,7 @@ PACKAGES=(
   libqt6opengl6-dev libgl-dev libxkbcommon-dev
   libsqlite3-dev sqlite3 libssl-dev libqrcodegencpp-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb xauth fonts-dejavu-core zbar-tools poppler-utils
+  xvfb xauth fonts-dejavu-core zbar-tools poppler-utils python3
 )
 
 SUDO=""

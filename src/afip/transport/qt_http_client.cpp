@@ -174,7 +174,7 @@ private:
         // "100 Continue" and the like come before the true answer.
         if (estado_http_ >= 100 && estado_http_ < 200)
             return true;
-        std::optional<qint64> largo;
+        qint64 largo = -1; // no Content-Length
         bool trozos = false;
         for (qsizetype i = 1; i < lineas.size(); ++i) {
             const QByteArray &linea = lineas.at(i);
@@ -186,10 +186,10 @@ private:
             if (nombre == "transfer-encoding") {
                 trozos = valor.endsWith("chunked");
                 if (!trozos)
-                    largo.reset();
+                    largo = -1;
             } else if (nombre == "content-length") {
                 const qint64 n = valor.toLongLong(&ok);
-                if (!ok || n < 0 || (largo && *largo != n))
+                if (!ok || n < 0 || (largo >= 0 && largo != n))
                     return invalida();
                 largo = n;
             }
@@ -198,8 +198,8 @@ private:
             fase_ = Fase::largo_trozo;
         } else if (estado_http_ == 204 || estado_http_ == 304) {
             estado_ = Estado::completa;
-        } else if (largo) {
-            restante_ = *largo;
+        } else if (largo >= 0) {
+            restante_ = largo;
             fase_ = Fase::largo;
             estado_ = restante_ == 0 ? Estado::completa : Estado::incompleta;
         } else {

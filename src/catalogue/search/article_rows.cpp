@@ -122,10 +122,14 @@ std::optional<QStringList> ArticleRows::trigramas(const QString &par)
 
 qint64 ArticleRows::articulos_con(const QString &trigrama)
 {
+    if (const auto known = conteos_.constFind(trigrama); known != conteos_.cend())
+        return *known;
     PriceFileStatement &count = sentencia("SELECT articulos FROM xls_busqueda_trigramas WHERE trigrama = ?");
     count.texto(1, trigrama);
     const qint64 n = count.fila() ? count.columna_entero(0) : 0;
     fallo_ = fallo_ || count.fallo();
+    if (!count.fallo())
+        conteos_.insert(trigrama, n);
     count.reiniciar();
     return n;
 }

@@ -9,6 +9,7 @@
 #include "catalogue/search/shop_marks.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -48,8 +49,10 @@ public:
     // The trigrams of the index that start with a pair of characters;
     // nothing when there are too many to be worth asking for, or on failure.
     std::optional<QStringList> trigramas(const QString &par);
-    // How many articles hold a trigram (0 on failure).
+    // How many articles hold a trigram (0 on failure). Counts are kept
+    // until `olvidar_conteos`, for a file that changed.
     qint64 articulos_con(const QString &trigrama);
+    void olvidar_conteos() { conteos_.clear(); }
 
     // Walks articles in order of ID: those the index gives for `expresion`,
     // or every article when it is empty. `siguiente` reads the next one
@@ -68,6 +71,7 @@ private:
     sqlite3 *db_;
     std::map<QByteArray, std::unique_ptr<PriceFileStatement>> sentencias_;
     PriceFileStatement *recorrido_ = nullptr;
+    QHash<QString, qint64> conteos_; // trigram -> articles that hold it
     bool fallo_ = false;
 };
 

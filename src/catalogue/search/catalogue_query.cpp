@@ -68,6 +68,36 @@ QStringList los_mas_raros(QStringList trigrams, const IndexVocabulary &vocabular
     return rarest;
 }
 
+// The trigrams as one query that wants them all.
+QString grupo_y(const QStringList &trigrams)
+{
+    QStringList all;
+    for (const QString &t : trigrams)
+        all << frase(t);
+    return all.size() == 1 ? all.front()
+                           : QLatin1Char('(') + all.join(QLatin1String(" AND ")) + QLatin1Char(')');
+}
+
+// The trigrams every text of a term of several texts holds, in the order of
+// the first; none when a text is too short for a trigram.
+QStringList trigramas_comunes(const QStringList &term)
+{
+    if (term.size() < 2)
+        return {};
+    QStringList common;
+    for (const QString &text : term) {
+        const QString folded = plegar_texto(text);
+        if (caracteres(folded) < kMinimoIndice)
+            return {};
+        const QStringList own = trigramas_de(folded);
+        if (&text == &term.front())
+            common = own;
+        else
+            common.removeIf([&own](const QString &t) { return !own.contains(t); });
+    }
+    return common;
+}
+
 // What the index must hold for the text of a term to be there: trigrams of
 // the text when it is long enough (the index doesn't know where they stand;
 // the article's own text decides), else a pair as one of the trigrams that
@@ -78,13 +108,8 @@ std::optional<QString> acotar(const QString &text, const IndexVocabulary &vocabu
 {
     const QString folded = plegar_texto(text);
     const qsizetype length = caracteres(folded);
-    if (length >= kMinimoIndice) {
-        QStringList all;
-        for (const QString &t : los_mas_raros(trigramas_de(folded), vocabulario))
-            all << frase(t);
-        return all.size() == 1 ? all.front()
-                               : QLatin1Char('(') + all.join(QLatin1String(" AND ")) + QLatin1Char(')');
-    }
+    if (length >= kMinimoIndice)
+        return grupo_y(los_mas_raros(trigramas_de(folded), vocabulario));
     const std::optional<QStringList> trigrams =
         length == kMinimoIndice - 1 && vocabulario.trigramas ? vocabulario.trigramas(folded) : std::nullopt;
     if (!trigrams)
@@ -151,10 +176,10 @@ struct KnownArticle {
 } // namespace
 
 // What a searcher keeps between searches on one connection: its prepared
-// statements, the shop's marks with the articles they point at, and those
-// articles' rows. The marks are read again when the shop's tables changed:
-// `data_version` moves when another connection wrote them, the connection's
-// change count when this one did.
+// statements, the shop's marks with the articles they point at, those
+// articles' rows, and the counts of the trigrams asked. All of it is read
+// again when either file changed: `data_version` moves when another
+// connection wrote it, the connection's change count when this one did.
 struct CatalogueSearcher::State {
     std::unique_ptr<ArticleRows> filas;
     std::unique_ptr<ShopMarks> marcas;
@@ -197,6 +222,7 @@ struct CatalogueSearcher::State {
             marcas = std::make_unique<ShopMarks>();
             con_pedidos = false;
             conocidos.clear();
+            filas->olvidar_conteos();
             version_marcas = now;
             if (!marcas->leer(db)) {
                 marcas.reset();
@@ -376,6 +402,12 @@ QString expresion_indice(const SearchCondition &condicion, const IndexVocabulary
 {
     QStringList terms;
     for (const QStringList &term : condicion.terminos) {
+        // The spellings of a word share most of their trigrams: three or
+        // more they all hold narrow about as well as asking for each spelling.
+        if (const QStringList common = trigramas_comunes(term); common.size() >= kTrigramasPorTexto) {
+            terms << grupo_y(los_mas_raros(common, vocabulario));
+            continue;
+        }
         QStringList options;
         for (const QString &text : term) {
             const std::optional<QString> narrowed = acotar(text, vocabulario);

@@ -122,6 +122,10 @@ TEST(ExpresionIndice, WithTheCountsALongTextAsksForItsThreeRarestTrigrams)
     // A trigram no article holds is enough; three trigrams or fewer are all asked.
     EXPECT_EQ(expresion_indice(filtro_terminos(u("cañosa tor")), vocabulary), u("\"AÑO\" AND \"TOR\""));
     EXPECT_EQ(expresion_indice(filtro_terminos(u("cañi")), vocabulary), u("(\"CAÑ\" AND \"AÑI\")"));
+    // Spellings: the trigrams they all hold, when there are three; else each spelling.
+    EXPECT_EQ(expresion_indice(filtro_ortografia(u("tornillo"), false), vocabulary),
+              u("(\"TOR\" AND \"ORN\" AND \"RNI\")"));
+    EXPECT_EQ(expresion_indice(filtro_ortografia(u("ovo"), false), vocabulary), u("(\"OVO\" OR \"OBO\")"));
 }
 
 } // namespace
