@@ -64,10 +64,12 @@ inline void poner_semillas(const QString &folder, const QStringList &semillas)
     }
 }
 
-// A whole shop database from its seed, with the favourites, comments, marks
+// The settings file (the default one when missing) and a whole shop
+// database from its seed, with the favourites, comments, marks
 // and orders of the shop `origen` (which a search shows), when it has them.
 inline void poner_tienda(Context &ctx, const QString &origen)
 {
+    asegurar_config(ctx);
     asegurar_archivo(ctx, kSemillaClientes);
     asegurar_archivo(ctx, kSemillaFactura);
     ejecutar_migraciones(ctx);
