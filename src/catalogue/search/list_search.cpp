@@ -140,8 +140,6 @@ bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &bo
 {
     const QString price = QStringLiteral("external");
     ctx.estado().marcar_ocupado(true);
-    grilla.limpiar();
-    grilla.redibujar(false);
     const bool high = ctx.log().detalle_alto();
     if (high)
         ctx.escribir_log(describir(consulta), QStringLiteral("Q"));
@@ -158,7 +156,7 @@ bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &bo
                              QString::number(clock.elapsed() / 1000),
                          QStringLiteral("Q"));
     if (!r.ok) {
-        grilla.redibujar(true);
+        pintar_resultado({}, grilla); // the grid left empty
         avisar_error_grilla(
             ctx, QStringLiteral("GRA01"),
             QStringLiteral("ER GRA01: Se produjo un error al cargar la información en la Grilla de "
