@@ -13,6 +13,15 @@
 // VENDRIX_BENCH_CARPETA names another shop to copy (the 1 000 000-article
 // one, say). Runs offscreen unless QT_QPA_PLATFORM says otherwise.
 // VENDRIX_BENCH_DETALLE=1 prints each measured key's time and text.
+//
+// Figures on the 2-core development machine (Release, shared with other
+// builds, load about 5), 225 keys, about 300 searches:
+//   300 000 articles:    p50 3.8 ms, p95 12.5 ms, rss 48 MB
+//   1 000 000 articles:  p50 3.0 ms, p95 21 ms,   rss 59 MB
+// The search itself takes about 1.5 ms of the worker per key; the UI
+// thread's share is mostly text layout for painting the box and the grid.
+// The slowest keys are those whose text ends in a two-letter word ("ca",
+// "llave de", "látex in"): a pair is looked up among the index's trigrams.
 #include "core/context.h"
 #include "core/status_relay.h"
 #include "program_shop_folder.h"
