@@ -27,11 +27,11 @@ void BM_ConstruirListaDemo(benchmark::State &state)
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("Vendrix.install"));
     const BuildOptions options{path,
-                               QStringLiteral("Ferretería y Bazar Demo"),
-                               QStringLiteral("1.0.0"),
-                               QStringLiteral("2026-11-23"),
-                               reportes_predeterminados(),
-                               tips_predeterminados(QStringLiteral("1.0.0"))};
+                                       QStringLiteral("Ferretería y Bazar Demo"),
+                                       QStringLiteral("1.0.0"),
+                                       QStringLiteral("2026-11-23"),
+                                       reportes_predeterminados(),
+                                       tips_predeterminados(QStringLiteral("1.0.0"))};
     for (auto _ : state) {
         const BuildResult r = construir_lista(options, demo.nuevas, &demo.anterior);
         if (!r.ok()) {
