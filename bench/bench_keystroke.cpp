@@ -15,9 +15,9 @@
 // VENDRIX_BENCH_DETALLE=1 prints each measured key's time and text.
 //
 // Figures on the 2-core development machine (Release, shared with other
-// builds, load about 5), 225 keys, about 300 searches:
-//   300 000 articles:    p50 3.8 ms, p95 12.5 ms, rss 48 MB
-//   1 000 000 articles:  p50 3.0 ms, p95 21 ms,   rss 59 MB
+// builds), 225 keys, 300 searches; at a load of about 2, then of about 5:
+//   300 000 articles:    p50 3.4 ms, p95 8.3 ms (12.5 ms), rss 48 MB
+//   1 000 000 articles:  p50 2.6 ms, p95 16 ms (21 ms),    rss 59 MB
 // The search itself takes about 1.5 ms of the worker per key; the UI
 // thread's share is mostly text layout for painting the box and the grid.
 // The slowest keys are those whose text ends in a two-letter word ("ca",

@@ -11,9 +11,9 @@
 // QT_QPA_PLATFORM says otherwise.
 //
 // Figures on the 2-core development machine (Release, shared with other
-// builds, load about 5):
-//   300 000 articles:    p50 0.29 s, p95 0.50 s
-//   1 000 000 articles:  p50 0.55 s, p95 0.63 s
+// builds); at a load of about 2, then of about 5:
+//   300 000 articles:    p50 0.23 s, p95 0.26 s   (0.29 s, 0.50 s)
+//   1 000 000 articles:  p50 0.62 s, p95 0.64 s   (0.55 s, 0.63 s)
 // Where a start on 1 000 000 articles goes (perf, CPU time 0.57 s): the
 // check of the search index 41 %, the rules editor of the configuration tab
 // filling its combos from the list 19 % (the groups of the first supplier
