@@ -70,6 +70,12 @@ private:
     ErrorHandler on_error_;
 };
 
+// Closes a connection of `Database::abrir_precios_lectura`.
+struct CerrarConexion {
+    void operator()(sqlite3 *db) const;
+};
+using ConexionPropia = std::unique_ptr<sqlite3, CerrarConexion>;
+
 // The two database files of the application folder and the one layer every
 // statement goes through.
 //
@@ -139,6 +145,13 @@ public:
     // Opens the target's file; "" when it is open, else why it can't be
     // ("number description errno").
     QString error_apertura(const QString &target);
+
+    // A connection of the caller's own to the price file, for searches on
+    // another thread: the price file read-only, with the shop file attached
+    // under `clientes` read-only as well. It reads only the paths of this
+    // object, so any thread may call it. Null, and why in `error`, when the
+    // price file can't be opened.
+    ConexionPropia abrir_precios_lectura(SqlError &error) const;
 
 protected:
     // Called before each statement runs. A test double overrides it to make

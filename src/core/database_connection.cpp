@@ -196,6 +196,29 @@ sqlite3 *Database::abrir_precios(SqlError &error)
     return price_;
 }
 
+ConexionPropia Database::abrir_precios_lectura(SqlError &error) const
+{
+    if (!QFileInfo::exists(ruta_listas())) {
+        error = SqlError::propio(SQLITE_CANTOPEN, QStringLiteral("No existe el archivo ") + ruta_listas());
+        return nullptr;
+    }
+    ConexionPropia db(abrir_archivo(uri_de(ruta_listas(), false), error));
+    if (!db || !leer_esquema(db.get(), "main", error))
+        return nullptr;
+    SqlError ignored;
+    if (QFileInfo::exists(ruta_clientes()) &&
+        adjuntar(db.get(), uri_de(ruta_clientes(), false), kShopSchema) &&
+        !leer_esquema(db.get(), kShopSchema, ignored)) {
+        desadjuntar(db.get(), kShopSchema);
+    }
+    return db;
+}
+
+void CerrarConexion::operator()(sqlite3 *db) const
+{
+    sqlite3_close_v2(db);
+}
+
 sqlite3 *Database::conexion(const QString &target)
 {
     SqlError ignored;

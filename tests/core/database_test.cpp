@@ -3,6 +3,8 @@
 #include "db_helpers.h"
 #include "rows.h"
 
+#include "core/sqlite_values.h"
+
 #include <QFile>
 
 #include <sqlite3.h>
@@ -105,6 +107,43 @@ TEST_F(DatabaseTest, PriceDatabaseIsReadOnlyUntilOpenedForImport)
     EXPECT_FALSE(nq(insert, "external"));
     EXPECT_EQ(q1("SELECT count(*) FROM xls_parametros", "external"), "2");
     EXPECT_EQ(q1("SELECT count(*) FROM xls_listas", "external"), "4");
+}
+
+// A connection of its own for a search thread: both files readable, neither
+// writable, and its statements outside the layer's connections.
+TEST_F(DatabaseTest, AReadingConnectionOfItsOwnSeesBothFilesAndWritesNeither)
+{
+    SqlError error;
+    ConexionPropia own = db().abrir_precios_lectura(error);
+    ASSERT_NE(own, nullptr) << error.texto().toStdString();
+    auto uno = [&](const char *sql) {
+        sqlite3_stmt *stmt = nullptr;
+        QString value = "ERROR";
+        if (sqlite3_prepare_v2(own.get(), sql, -1, &stmt, nullptr) == SQLITE_OK &&
+            sqlite3_step(stmt) == SQLITE_ROW)
+            value = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0)));
+        sqlite3_finalize(stmt);
+        return value;
+    };
+    EXPECT_EQ(uno("SELECT v FROM marca"), "listas");
+    EXPECT_EQ(uno("SELECT v FROM clientes.marca"), "tienda");
+    EXPECT_EQ(sqlite3_exec(own.get(), "INSERT INTO marca VALUES ('x')", nullptr, nullptr, nullptr),
+              SQLITE_READONLY);
+    EXPECT_EQ(sqlite3_exec(own.get(), "INSERT INTO clientes.marca VALUES ('x')", nullptr, nullptr, nullptr),
+              SQLITE_READONLY);
+    // The layer's own connections still write the shop and see a change.
+    ASSERT_TRUE(nq("UPDATE marca SET v = 'tienda 2'"));
+    EXPECT_EQ(uno("SELECT v FROM clientes.marca"), "tienda 2");
+    EXPECT_TRUE(app.log_lines().isEmpty());
+}
+
+TEST(DatabaseFiles, NoReadingConnectionWithoutThePriceFile)
+{
+    TestApp app;
+    app.copy_seed("clientes.install", "clientes.vdrx");
+    SqlError error;
+    EXPECT_EQ(app.db().abrir_precios_lectura(error), nullptr);
+    EXPECT_TRUE(error.texto().startsWith("14 No existe el archivo ")) << error.texto().toStdString();
 }
 
 TEST(DatabaseFiles, MissingPriceFileLeavesTheShopWorkingAndIsAttachedWhenItArrives)

@@ -15,8 +15,38 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QTimer>
+
+#include <cstdio>
 
 using namespace vendrix;
+
+namespace {
+
+// With VENDRIX_SALIR_AL_MOSTRAR=1 the program prints one line once the main
+// window has painted for the first time, and ends: how the time to a usable
+// window is measured from outside.
+class SalirAlMostrar final : public QObject {
+public:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint && !visto_) {
+            visto_ = true;
+            // After the rest of this paint, children included.
+            QTimer::singleShot(0, qApp, [] {
+                std::fputs("vendrix: ventana principal mostrada\n", stdout);
+                std::fflush(stdout);
+                QCoreApplication::exit(0);
+            });
+        }
+        return false;
+    }
+
+private:
+    bool visto_ = false;
+};
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -63,6 +93,9 @@ int main(int argc, char **argv)
     status.conectar(&main_window);
     op.set_parent(&main_window);
     main_window.cargar();
+    SalirAlMostrar salir;
+    if (qEnvironmentVariable("VENDRIX_SALIR_AL_MOSTRAR") == QLatin1String("1"))
+        main_window.installEventFilter(&salir);
     main_window.show();
     splash.close();
     const int code = QApplication::exec();

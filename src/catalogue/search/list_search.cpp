@@ -75,9 +75,12 @@ bool es_fila_marcador(const QStringList &celdas)
 
 SearchOptions leer_opciones_busqueda(const Context &ctx)
 {
-    return {activo(ctx, "busqueda_ignorarPreposiciones"), activo(ctx, "busqueda_terminos_similares"),
-            activo(ctx, "busqueda_ortografia"), activo(ctx, "busqueda_buscar_en_comentarios"),
-            activo(ctx, "mostrar_solo_favoritos")};
+    return {activo(ctx, "busqueda_ignorarPreposiciones"),
+            activo(ctx, "busqueda_terminos_similares"),
+            activo(ctx, "busqueda_ortografia"),
+            activo(ctx, "busqueda_buscar_en_comentarios"),
+            activo(ctx, "mostrar_solo_favoritos"),
+            ctx.leer_parametro(QStringLiteral("busqueda_al_escribir")) != QLatin1String("0")};
 }
 
 QString texto_de_trabajo(const SearchOptions &opciones, const QString &texto)
@@ -120,13 +123,23 @@ int limite_busqueda(const Context &ctx, QString &boton)
     return kLimiteTodos;
 }
 
+bool pintar_resultado(const QueryResult &r, GridSink &grilla)
+{
+    grilla.limpiar();
+    grilla.redibujar(false);
+    for (const FoundArticle &a : r.articulos)
+        grilla.agregar(fila_articulo(a));
+    if (r.hay_mas)
+        grilla.agregar(fila_marcador());
+    grilla.redibujar(true);
+    return r.hay_mas;
+}
+
 bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &boton, GridSink &grilla,
                           const ListActions &acciones, CatalogueSearcher *buscador)
 {
     const QString price = QStringLiteral("external");
     ctx.estado().marcar_ocupado(true);
-    grilla.limpiar();
-    grilla.redibujar(false);
     const bool high = ctx.log().detalle_alto();
     if (high)
         ctx.escribir_log(describir(consulta), QStringLiteral("Q"));
@@ -143,7 +156,7 @@ bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &bo
                              QString::number(clock.elapsed() / 1000),
                          QStringLiteral("Q"));
     if (!r.ok) {
-        grilla.redibujar(true);
+        pintar_resultado({}, grilla); // the grid left empty
         avisar_error_grilla(
             ctx, QStringLiteral("GRA01"),
             QStringLiteral("ER GRA01: Se produjo un error al cargar la información en la Grilla de "
@@ -151,13 +164,8 @@ bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &bo
             r.error, "cargar_grilla_listas");
         return false;
     }
-    for (const FoundArticle &a : r.articulos)
-        grilla.agregar(fila_articulo(a));
-    if (r.hay_mas)
-        grilla.agregar(fila_marcador());
-    else
+    if (!pintar_resultado(r, grilla))
         boton = QLatin1String(kBotonBuscar);
-    grilla.redibujar(true);
 
     if (!r.articulos.empty() && acciones.mostrar_primera)
         acciones.mostrar_primera();
@@ -172,30 +180,40 @@ bool cargar_grilla_listas(Context &ctx, const SearchQuery &consulta, QString &bo
     return true;
 }
 
+QString rechazo_busqueda(const Context &ctx, const QString &texto)
+{
+    if (texto.isEmpty())
+        return QStringLiteral("Por favor ingrese al menos un término en la búsqueda.");
+    if (activo(ctx, "busqueda_limite_caracteres")) {
+        const QString minimum = ctx.leer_parametro(QStringLiteral("busqueda_limite_caracteres_combo"));
+        if (texto.size() < numero_inicial(minimum))
+            return QStringLiteral("El texto a buscar es muy corto. Por favor ingrese un texto de más de ") +
+                   minimum + QStringLiteral(" caracteres.");
+    }
+    return {};
+}
+
+SearchQuery consulta_listas(const Context &ctx, const QString &texto, QString &boton, QString *trabajo)
+{
+    const SearchOptions options = leer_opciones_busqueda(ctx);
+    const QString work = texto_de_trabajo(options, texto);
+    if (trabajo)
+        *trabajo = work;
+    return consulta_de_texto(options, work, limite_busqueda(ctx, boton));
+}
+
 SearchResult buscar_articulos(Context &ctx, const QString &texto, QString &boton, GridSink &grilla,
                               const ListActions &acciones, CatalogueSearcher *buscador)
 {
-    if (texto.isEmpty()) {
-        ctx.op().inform(kTitulo, QStringLiteral("Por favor ingrese al menos un término en la búsqueda."));
+    if (const QString why = rechazo_busqueda(ctx, texto); !why.isEmpty()) {
+        ctx.op().inform(kTitulo, why);
         return SearchResult::rechazada;
-    }
-    if (activo(ctx, "busqueda_limite_caracteres")) {
-        const QString minimum = ctx.leer_parametro(QStringLiteral("busqueda_limite_caracteres_combo"));
-        if (texto.size() < numero_inicial(minimum)) {
-            ctx.op().inform(kTitulo,
-                            QStringLiteral("El texto a buscar es muy corto. Por favor ingrese un texto de "
-                                           "más de ") +
-                                minimum + QStringLiteral(" caracteres."));
-            return SearchResult::rechazada;
-        }
     }
     if (acciones.limpiar_detalle)
         acciones.limpiar_detalle();
-    const SearchOptions options = leer_opciones_busqueda(ctx);
-    const QString work = texto_de_trabajo(options, texto);
-    const int limite = limite_busqueda(ctx, boton);
-    const bool ok = cargar_grilla_listas(ctx, consulta_de_texto(options, work, limite), boton, grilla,
-                                         acciones, buscador);
+    QString work;
+    const SearchQuery consulta = consulta_listas(ctx, texto, boton, &work);
+    const bool ok = cargar_grilla_listas(ctx, consulta, boton, grilla, acciones, buscador);
     ctx.escribir_log(QStringLiteral("Listas - se busco el término: ") + work, QStringLiteral("A"));
     return ok ? SearchResult::hecha : SearchResult::fallida;
 }

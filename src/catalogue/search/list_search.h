@@ -70,8 +70,19 @@ struct SearchOptions {
     bool ortografia = false;            // busqueda_ortografia
     bool en_comentarios = false;        // busqueda_buscar_en_comentarios
     bool solo_favoritos = false;        // mostrar_solo_favoritos
+    bool al_escribir = true;            // busqueda_al_escribir: on unless "0"
 };
 SearchOptions leer_opciones_busqueda(const Context &ctx);
+
+// Why a text can't be searched ("" when it can): empty, or shorter than the
+// minimum of `busqueda_limite_caracteres_combo` when the limit is on.
+QString rechazo_busqueda(const Context &ctx, const QString &texto);
+
+// The search of a text with the options of the settings file and the cap
+// that `boton` gives (see `limite_busqueda`, which changes `boton`).
+// `trabajo`, when given, gets the working text.
+SearchQuery consulta_listas(const Context &ctx, const QString &texto, QString &boton,
+                            QString *trabajo = nullptr);
 
 // The text after the escape and the option steps (prepositions, similar
 // terms), as the condition, the comment branch and the log use it.
@@ -82,6 +93,10 @@ SearchQuery consulta_de_texto(const SearchOptions &opciones, const QString &text
 // `busqueda_cantidad_resultados_combo` + 1 on a press of "Buscar" when
 // `busqueda_cantidad_resultados` is 1, else `kLimiteTodos` and "Buscar".
 int limite_busqueda(const Context &ctx, QString &boton);
+
+// Puts a result into the grid: cleared, its rows, the marker row when more
+// articles match, painted at once. True when the marker row went in.
+bool pintar_resultado(const QueryResult &resultado, GridSink &grilla);
 
 // Runs the search and fills the grid: the rows, the marker row when more
 // articles match (else the caption goes back to "Buscar"), then the first

@@ -3,6 +3,7 @@
 #include "catalogue/search/search_suggestions.h"
 #include "core/context.h"
 #include "screens/lists/grilla_listas.h"
+#include "screens/lists/live_search.h"
 #include "screens/lists/search_completion.h"
 #include "widgets/autocomplete_box.h"
 #include "widgets/lynx_grid.h"
@@ -55,13 +56,19 @@ TabListas::TabListas(Context &ctx, QWidget *parent)
 
     autocompletado_->AutoCompleteTextbox(texto_);
     autocompletado_->setAntesDeTecla([this](widgets::AutoComplete &c) { preparar_sugerencias(c); });
+    connect(texto_, &QLineEdit::textChanged, this, &TabListas::texto_editado);
     connect(texto_, &QLineEdit::returnPressed, this, &TabListas::buscar);
     connect(boton_, &QPushButton::clicked, this, &TabListas::buscar);
     connect(grilla_, &widgets::LynxGrid::RowColChanged, this, &TabListas::fila_cambiada);
     setAcciones({});
 }
 
-TabListas::~TabListas() = default;
+// The worker's thread ends while every member its result reaches is still
+// whole.
+TabListas::~TabListas()
+{
+    delete vivo_;
+}
 
 void TabListas::setAcciones(ListActions acciones)
 {
@@ -72,9 +79,40 @@ void TabListas::setAcciones(ListActions acciones)
 
 void TabListas::buscar()
 {
+    ++generacion_;
+    if (vivo_)
+        vivo_->abandonar();
     QString caption = boton_->text();
-    buscar_articulos(ctx_, texto_->text(), caption, *sink_, acciones_);
+    buscar_articulos(ctx_, texto_->text(), caption, *sink_, acciones_, &buscador_);
     boton_->setText(caption);
+}
+
+void TabListas::texto_editado(const QString &texto)
+{
+    ++generacion_;
+    if (!leer_opciones_busqueda(ctx_).al_escribir || !rechazo_busqueda(ctx_, texto).isEmpty()) {
+        if (vivo_)
+            vivo_->abandonar();
+        return;
+    }
+    if (!vivo_) {
+        Database &db = ctx_.db();
+        vivo_ = new LiveSearch([&db](SqlError &error) { return db.abrir_precios_lectura(error); }, this);
+        connect(vivo_, &LiveSearch::terminada, this, &TabListas::vista_previa_lista);
+    }
+    // The cap of a first press of "Buscar"; the button keeps its caption.
+    QString caption = QLatin1String(kBotonBuscar);
+    texto_pedido_ = texto;
+    vivo_->pedir(consulta_listas(ctx_, texto, caption), generacion_);
+}
+
+// A failed search of a typed text shows nothing: Enter tells the operator.
+void TabListas::vista_previa_lista(quint64 numero, const QueryResult &resultado)
+{
+    if (numero != generacion_ || !resultado.ok)
+        return;
+    pintar_resultado(resultado, *sink_);
+    Q_EMIT vistaPreviaPintada(texto_pedido_);
 }
 
 // The first row selected, in the large font when the shop asked for it.

@@ -25,6 +25,8 @@ class LynxGrid;
 
 namespace vendrix::screens {
 
+class LiveSearch;
+
 class TabListas : public QWidget {
     Q_OBJECT
 
@@ -46,14 +48,21 @@ public:
     void recargar_sugerencias() { sugerencias_cargadas_ = false; }
 
 public Q_SLOTS:
-    // `buscar_articulos` with the text of the box.
+    // `buscar_articulos` with the text of the box. A search of the typed
+    // text still running is abandoned.
     void buscar();
 
 Q_SIGNALS:
     // A row of an article became the selected one (never the marker row).
     void articuloSeleccionado(qint64 id);
+    // The rows of the search of the typed text `texto` are in the grid.
+    void vistaPreviaPintada(const QString &texto);
 
 private:
+    // The search as the operator types: the capped search of the text on
+    // the worker, without messages, log, panel or carts.
+    void texto_editado(const QString &texto);
+    void vista_previa_lista(quint64 numero, const QueryResult &resultado);
     void fila_cambiada();
     void mostrar_primera();
     void preparar_sugerencias(widgets::AutoComplete &completion);
@@ -66,6 +75,14 @@ private:
     ListActions acciones_;
     widgets::AutoCompleteBox *autocompletado_;
     bool sugerencias_cargadas_ = false;
+    // The searches of Enter and the button, on the program's connection.
+    CatalogueSearcher buscador_;
+    // Made at the first search of a typed text.
+    LiveSearch *vivo_ = nullptr;
+    // Raised at each edit and each search: only the result of the newest
+    // request is painted.
+    quint64 generacion_ = 0;
+    QString texto_pedido_;
 };
 
 } // namespace vendrix::screens
