@@ -292,7 +292,10 @@ void detallar(const char *name, const std::vector<const char *> &texts, const st
     fprintf(stderr, "\n");
 }
 
-void correr(benchmark::State &state, const std::vector<const char *> &texts, bool capped, bool indexed)
+// `con_opciones`: the mix's second round, and every other, with the
+// widening options on.
+void correr(benchmark::State &state, const std::vector<const char *> &texts, bool capped, bool indexed,
+            bool con_opciones = true)
 {
     Entorno &e = entorno();
     Contador grid;
@@ -304,7 +307,7 @@ void correr(benchmark::State &state, const std::vector<const char *> &texts, boo
         state.PauseTiming();
         const size_t round = next / texts.size();
         if (next % texts.size() == 0)
-            e.opciones(round % 2 == 1);
+            e.opciones(con_opciones && round % 2 == 1);
         state.ResumeTiming();
         const char *text = texts[next++ % texts.size()];
         QElapsedTimer clock;
@@ -336,9 +339,12 @@ void BM_BuscarTodos_Indice(benchmark::State &state)
 {
     correr(state, kTodos, false, true);
 }
+// With the comments on, the scan reads a comment per article and term: a
+// minute a search at a million articles. Its figures are those of the
+// options off, which flatter it.
 void BM_BuscarTodos_Escaneo(benchmark::State &state)
 {
-    correr(state, kTodos, false, false);
+    correr(state, kTodos, false, false, false);
 }
 
 } // namespace
@@ -346,6 +352,6 @@ void BM_BuscarTodos_Escaneo(benchmark::State &state)
 BENCHMARK(BM_BuscarCapado_Indice)->Unit(benchmark::kMillisecond)->Iterations(240);
 BENCHMARK(BM_BuscarCapado_Escaneo)->Unit(benchmark::kMillisecond)->Iterations(24);
 BENCHMARK(BM_BuscarTodos_Indice)->Unit(benchmark::kMillisecond)->Iterations(60);
-BENCHMARK(BM_BuscarTodos_Escaneo)->Unit(benchmark::kMillisecond)->Iterations(12);
+BENCHMARK(BM_BuscarTodos_Escaneo)->Unit(benchmark::kMillisecond)->Iterations(6);
 
 BENCHMARK_MAIN();

@@ -99,7 +99,7 @@ inline void poner_tienda(Context &ctx, const QString &origen)
 inline QString carpeta_programa(const QTemporaryDir &copia, const QStringList &semillas)
 {
     const QString origen = carpeta_demo(
-        "VENDRIX_BENCH_CARPETA", QStringLiteral("vendrix_bench_programa"), kArticulosDemo,
+        "VENDRIX_BENCH_CARPETA", QStringLiteral("vendrix_bench_programa"), articulos_demo(),
         [](const QString &folder) {
             OperadorMudo op;
             SilentStatus status;
