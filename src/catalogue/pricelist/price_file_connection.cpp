@@ -4,9 +4,12 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 namespace vendrix {
 
-std::unique_ptr<PriceFileConnection> PriceFileConnection::abrir(const QString &ruta, Mode modo, QString &error)
+std::unique_ptr<PriceFileConnection> PriceFileConnection::abrir(const QString &ruta, Mode modo,
+                                                                QString &error)
 {
     sqlite3 *db = nullptr;
     const int flags =
@@ -122,6 +125,21 @@ QString PriceFileStatement::columna(int n) const
 {
     const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, n));
     return text ? QString::fromUtf8(text, sqlite3_column_bytes(stmt_, n)) : QString();
+}
+
+void PriceFileStatement::anexar_columna(int n, QString &to) const
+{
+    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, n));
+    const qsizetype size = sqlite3_column_bytes(stmt_, n);
+    if (!text)
+        return;
+    // Most list text is plain ASCII, which is Latin-1 as well.
+    const bool ascii =
+        std::all_of(text, text + size, [](char c) { return static_cast<signed char>(c) >= 0; });
+    if (ascii)
+        to.append(QLatin1StringView(text, size));
+    else
+        to.append(QString::fromUtf8(text, size));
 }
 
 qint64 PriceFileStatement::columna_entero(int n) const

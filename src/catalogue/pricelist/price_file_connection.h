@@ -63,6 +63,8 @@ public:
     int columnas() const;
     // Columns of the current row, from 0. NULL reads "".
     QString columna(int n) const;
+    // Appends a column's text to `to`, without a string of its own.
+    void anexar_columna(int n, QString &to) const;
     qint64 columna_entero(int n) const;
     bool es_nulo(int n) const;
 

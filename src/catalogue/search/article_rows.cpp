@@ -9,8 +9,10 @@ namespace vendrix {
 
 namespace {
 
-// More trigrams than this for one pair, and the pair isn't asked of the index.
-constexpr int kTopeTrigramas = 400;
+// More trigrams than this for one pair, and the pair isn't asked of the
+// index: so common a pair narrows little, and each trigram asked is one
+// more list of articles to walk.
+constexpr int kTopeTrigramas = 48;
 
 #define CAMPOS                                                                                               \
     "l.ID, l.Proveedor, l.Grupo, l.Observaciones, l.Descripcion, l.Marca, l.Codigo, l.Moneda, l.Precio, "    \
@@ -29,14 +31,6 @@ constexpr const char *kDelIndice = "SELECT " CAMPOS " FROM xls_busqueda b CROSS 
 QString ArticleRow::texto() const
 {
     return texto_busqueda(proveedor, grupo, observaciones, descripcion, marca, codigo);
-}
-
-void ArticleRow::texto_en(QString &buffer) const
-{
-    buffer.clear();
-    for (const QString *field : {&proveedor, &grupo, &observaciones, &descripcion, &marca, &codigo})
-        buffer.append(*field).append(QLatin1Char(' '));
-    plegar_en_su_lugar(buffer);
 }
 
 ShopMarks::ArticleData ArticleRow::datos_marcas() const
@@ -67,13 +61,9 @@ bool ArticleRows::con_indice()
     return indexed;
 }
 
-bool ArticleRows::leer(PriceFileStatement &row, ArticleRow &fila)
+ArticleRow ArticleRows::de_fila(const PriceFileStatement &row)
 {
-    if (!row.fila()) {
-        fallo_ = fallo_ || row.fallo();
-        return false;
-    }
-    fila = {row.columna_entero(0),
+    return {row.columna_entero(0),
             row.columna(1),
             row.columna(2),
             row.columna(3),
@@ -86,23 +76,26 @@ bool ArticleRows::leer(PriceFileStatement &row, ArticleRow &fila)
             row.columna_entero(10) != 0,
             row.columna_entero(11) != 0,
             row.columna_entero(12) != 0};
-    return true;
 }
 
 std::optional<ArticleRow> ArticleRows::articulo(qint64 id)
 {
     PriceFileStatement &one = sentencia(kUno);
     one.entero(1, id);
-    ArticleRow row;
-    const bool found = leer(one, row);
+    std::optional<ArticleRow> row;
+    if (one.fila())
+        row = de_fila(one);
+    fallo_ = fallo_ || one.fallo();
     one.reiniciar();
-    return found ? std::optional(row) : std::nullopt;
+    return row;
 }
 
 // The index's list of its trigrams, in order: those of a pair are one
 // range of it.
 std::optional<QStringList> ArticleRows::trigramas(const QString &par)
 {
+    if (const auto known = pares_.constFind(par); known != pares_.cend())
+        return *known;
     PriceFileStatement &vocabulary = sentencia(
         "SELECT trigrama FROM xls_busqueda_trigramas WHERE trigrama >= ? AND trigrama <= ? LIMIT ?");
     vocabulary.texto(1, par);
@@ -116,8 +109,11 @@ std::optional<QStringList> ArticleRows::trigramas(const QString &par)
     }
     fallo_ = fallo_ || vocabulary.fallo();
     const bool usable = !vocabulary.fallo() && trigrams.size() <= kTopeTrigramas;
+    const std::optional<QStringList> found = usable ? std::optional(trigrams) : std::nullopt;
+    if (!vocabulary.fallo())
+        pares_.insert(par, found);
     vocabulary.reiniciar();
-    return usable ? std::optional(trigrams) : std::nullopt;
+    return found;
 }
 
 qint64 ArticleRows::articulos_con(const QString &trigrama)
@@ -143,9 +139,28 @@ bool ArticleRows::abrir(const QString &expresion)
     return recorrido_->valida();
 }
 
-bool ArticleRows::siguiente(ArticleRow &fila)
+bool ArticleRows::siguiente(qint64 &id, QString &texto)
 {
-    return recorrido_ && recorrido_->valida() && leer(*recorrido_, fila);
+    if (!recorrido_ || !recorrido_->valida())
+        return false;
+    if (!recorrido_->fila()) {
+        fallo_ = fallo_ || recorrido_->fallo();
+        return false;
+    }
+    id = recorrido_->columna_entero(0);
+    // The fields of `texto_busqueda`, each followed by a blank, folded.
+    texto.clear();
+    for (int field = 1; field <= 6; ++field) {
+        recorrido_->anexar_columna(field, texto);
+        texto.append(QLatin1Char(' '));
+    }
+    plegar_en_su_lugar(texto);
+    return true;
+}
+
+ArticleRow ArticleRows::fila_actual() const
+{
+    return de_fila(*recorrido_);
 }
 
 } // namespace vendrix

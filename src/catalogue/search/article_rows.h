@@ -29,8 +29,6 @@ struct ArticleRow {
 
     // The searchable text, folded (see `texto_busqueda`).
     QString texto() const;
-    // The same into `buffer`, whose memory is reused from row to row.
-    void texto_en(QString &buffer) const;
     ShopMarks::ArticleData datos_marcas() const;
 };
 
@@ -49,16 +47,24 @@ public:
     // The trigrams of the index that start with a pair of characters;
     // nothing when there are too many to be worth asking for, or on failure.
     std::optional<QStringList> trigramas(const QString &par);
-    // How many articles hold a trigram (0 on failure). Counts are kept
-    // until `olvidar_conteos`, for a file that changed.
+    // How many articles hold a trigram (0 on failure). Counts and the
+    // trigrams of pairs are kept until `olvidar_conteos`, for a file that
+    // changed.
     qint64 articulos_con(const QString &trigrama);
-    void olvidar_conteos() { conteos_.clear(); }
+    void olvidar_conteos()
+    {
+        conteos_.clear();
+        pares_.clear();
+    }
 
     // Walks articles in order of ID: those the index gives for `expresion`,
-    // or every article when it is empty. `siguiente` reads the next one
-    // into `fila` and is false at the end.
+    // or every article when it is empty. `siguiente` moves to the next one,
+    // giving its ID and its folded text (into `texto`, whose memory is
+    // reused), and is false at the end; `fila_actual` reads the whole row
+    // of an article that is kept.
     bool abrir(const QString &expresion);
-    bool siguiente(ArticleRow &fila);
+    bool siguiente(qint64 &id, QString &texto);
+    ArticleRow fila_actual() const;
 
     // A database failure in the last search (the connection holds the error).
     bool fallo() const { return fallo_; }
@@ -66,12 +72,13 @@ public:
 
 private:
     PriceFileStatement &sentencia(const char *sql);
-    bool leer(PriceFileStatement &row, ArticleRow &fila);
+    static ArticleRow de_fila(const PriceFileStatement &row);
 
     sqlite3 *db_;
     std::map<QByteArray, std::unique_ptr<PriceFileStatement>> sentencias_;
     PriceFileStatement *recorrido_ = nullptr;
-    QHash<QString, qint64> conteos_; // trigram -> articles that hold it
+    QHash<QString, qint64> conteos_;                   // trigram -> articles that hold it
+    QHash<QString, std::optional<QStringList>> pares_; // pair -> its trigrams
     bool fallo_ = false;
 };
 

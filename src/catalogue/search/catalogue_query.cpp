@@ -160,10 +160,18 @@ QString texto_moneda(const QString &code)
     return code;
 }
 
-FoundArticle encontrado(const ArticleRow &row)
+// The row's fields move into the result.
+FoundArticle encontrado(ArticleRow &&row, const RowMarks &marks)
 {
-    return {row.id,     row.proveedor, row.grupo, row.descripcion, texto_moneda(row.moneda), row.marca,
-            row.precio, row.codigo,    {}};
+    return {row.id,
+            std::move(row.proveedor),
+            std::move(row.grupo),
+            std::move(row.descripcion),
+            texto_moneda(row.moneda),
+            std::move(row.marca),
+            std::move(row.precio),
+            std::move(row.codigo),
+            marks};
 }
 
 // An article read with its folded text, as the searcher keeps favourites
@@ -282,13 +290,13 @@ public:
         r.hay_mas = encontrados_.size() > limite_ - 1;
         encontrados_.resize(std::min(encontrados_.size(), limite_ - 1));
         r.articulos.reserve(encontrados_.size());
-        for (const ArticleRow &row : encontrados_) {
-            FoundArticle a = encontrado(row);
+        for (ArticleRow &row : encontrados_) {
+            RowMarks marks;
             if (consulta_.solo_favoritos)
-                a.marcas.favorito = true;
+                marks.favorito = true;
             else
-                a.marcas = marcas().marcas(row.datos_marcas());
-            r.articulos.push_back(std::move(a));
+                marks = marcas().marcas(row.datos_marcas());
+            r.articulos.push_back(encontrado(std::move(row), marks));
         }
         return r;
     }
@@ -335,23 +343,23 @@ private:
             !expression.isEmpty() && comments_count ? marcas().comentados() : none;
         if (!filas_.abrir(expression))
             return;
-        ArticleRow row;
-        bool more = filas_.siguiente(row);
+        encontrados_.reserve(std::min<size_t>(wanted, 4096));
+        qint64 id = 0;
+        bool more = filas_.siguiente(id, texto_);
         size_t next_extra = 0;
         while (wanted > 0 && (more || next_extra < extra.size()) && !abandonada()) {
-            if (more && (next_extra == extra.size() || row.id <= extra[next_extra])) {
-                if (next_extra < extra.size() && extra[next_extra] == row.id)
+            if (more && (next_extra == extra.size() || id <= extra[next_extra])) {
+                if (next_extra < extra.size() && extra[next_extra] == id)
                     ++next_extra;
-                row.texto_en(texto_);
-                if (!marcas().es_favorito(row.id) && coincide(row.id, texto_)) {
-                    encontrados_.push_back(std::move(row));
+                if (!marcas().es_favorito(id) && coincide(id, texto_)) {
+                    encontrados_.push_back(filas_.fila_actual());
                     --wanted;
                 }
-                more = filas_.siguiente(row);
+                more = filas_.siguiente(id, texto_);
             } else {
-                const qint64 id = extra[next_extra++];
-                const KnownArticle *known = estado_.conocido(id);
-                if (known && !marcas().es_favorito(id) && coincide(id, known->texto)) {
+                const qint64 commented = extra[next_extra++];
+                const KnownArticle *known = estado_.conocido(commented);
+                if (known && !marcas().es_favorito(commented) && coincide(commented, known->texto)) {
                     encontrados_.push_back(known->fila);
                     --wanted;
                 }
@@ -367,7 +375,7 @@ private:
     std::optional<QString> rama_comentario_; // folded
     size_t limite_;
     std::vector<ArticleRow> encontrados_;
-    QString texto_; // the folded text of the row being tested
+    QString texto_; // the folded text of the article being tested
 };
 
 // One read transaction for all the statements of a search: the files are
