@@ -12,6 +12,7 @@
 // record into the grid stays above the goal: the sort of 100 000 names and
 // their rows.
 #include "backoffice/customers/customer_book.h"
+#include "bench_figures.h"
 #include "core/context.h"
 #include "core/migrations.h"
 #include "screens/customers/customers_tab.h"
@@ -103,13 +104,5 @@ BENCHMARK_CAPTURE(BM_BuscarClientes, munoz, "muñoz", kClientes / 100)->Unit(ben
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return vendrix::bench::correr_con_qt<QApplication>(argc, argv);
 }

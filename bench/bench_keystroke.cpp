@@ -22,6 +22,7 @@
 // thread's share is mostly text layout for painting the box and the grid.
 // The slowest keys are those whose text ends in a two-letter word ("ca",
 // "llave de", "látex in"): a pair is looked up among the index's trigrams.
+#include "bench_figures.h"
 #include "core/context.h"
 #include "core/status_relay.h"
 #include "program_shop_folder.h"
@@ -52,17 +53,6 @@ const std::vector<const char *> kTextos{"tornillo zincado", "caño cobre",    "l
                                         "cable 2,5",        "amoladora 115", "látex interior"};
 constexpr int kPausaTeclaMs = 60;
 constexpr int kRondasMedidas = 3;
-
-double rss_mb()
-{
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line)) {
-        if (line.rfind("VmRSS:", 0) == 0)
-            return std::stod(line.substr(6)) / 1024.0;
-    }
-    return 0;
-}
 
 // Watches the box and the grid's viewport and times each key to the paint
 // that shows it.
@@ -186,18 +176,14 @@ void escribir(Context &ctx, screens::TabListas &tab, Cronometro &crono, const QS
     loop.exec();
 }
 
-void informar(benchmark::State &state, std::vector<double> ms, int busquedas, int perdidas)
+void informar(benchmark::State &state, const std::vector<double> &ms, int busquedas, int perdidas)
 {
-    std::sort(ms.begin(), ms.end());
-    const auto at = [&ms](double q) {
-        return ms.empty() ? 0.0 : ms[std::min(ms.size() - 1, static_cast<size_t>(q * ms.size()))];
-    };
-    state.counters["p50_ms"] = at(0.50);
-    state.counters["p95_ms"] = at(0.95);
+    state.counters["p50_ms"] = bench::percentil(ms, 0.50);
+    state.counters["p95_ms"] = bench::percentil(ms, 0.95);
     state.counters["keys"] = static_cast<double>(ms.size());
     state.counters["searches"] = busquedas;
     state.counters["lost_keys"] = perdidas;
-    state.counters["rss_mb"] = rss_mb();
+    state.counters["rss_mb"] = bench::memoria_mb("VmRSS");
 }
 
 void BM_TeclaHastaGrilla(benchmark::State &state)
@@ -241,13 +227,5 @@ BENCHMARK(BM_TeclaHastaGrilla)->Unit(benchmark::kMillisecond)->Iterations(1)->Us
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return vendrix::bench::correr_con_qt<QApplication>(argc, argv);
 }

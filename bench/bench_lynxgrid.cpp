@@ -12,6 +12,7 @@
 // with the machine shared): fill 300 000 rows 116 ms (442 ms counting the
 // building of the lines), sort by price 163 ms, by description 446 ms,
 // one page of scrolling painted 4.5 ms.
+#include "bench_figures.h"
 #include "widgets/lynx_grid.h"
 
 #include <QApplication>
@@ -168,14 +169,7 @@ BENCHMARK(BM_ScrollStepPaint)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
+    const int result = vendrix::bench::correr_con_qt<QApplication>(argc, argv);
     delete &filled_grid();
-    return 0;
+    return result;
 }

@@ -29,11 +29,11 @@ void BM_ConstruirListaDemo(benchmark::State &state)
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("Vendrix.install"));
     const BuildOptions options{path,
-                                       QStringLiteral("Ferretería y Bazar Demo"),
-                                       QStringLiteral("1.0.0"),
-                                       QStringLiteral("2026-11-23"),
-                                       reportes_predeterminados(),
-                                       tips_predeterminados(QStringLiteral("1.0.0"))};
+                               QStringLiteral("Ferretería y Bazar Demo"),
+                               QStringLiteral("1.0.0"),
+                               QStringLiteral("2026-11-23"),
+                               reportes_predeterminados(),
+                               tips_predeterminados(QStringLiteral("1.0.0"))};
     for (auto _ : state) {
         const BuildResult r = construir_lista(options, demo.nuevas, &demo.anterior);
         if (!r.ok()) {
@@ -48,7 +48,13 @@ void BM_ConstruirListaDemo(benchmark::State &state)
 
 } // namespace
 
-BENCHMARK(BM_GenerarListasDemo)->Arg(vendrix::bench::articulos_demo())->Unit(benchmark::kSecond)->Iterations(1);
-BENCHMARK(BM_ConstruirListaDemo)->Arg(vendrix::bench::articulos_demo())->Unit(benchmark::kSecond)->Iterations(2);
+BENCHMARK(BM_GenerarListasDemo)
+    ->Arg(vendrix::bench::articulos_demo())
+    ->Unit(benchmark::kSecond)
+    ->Iterations(1);
+BENCHMARK(BM_ConstruirListaDemo)
+    ->Arg(vendrix::bench::articulos_demo())
+    ->Unit(benchmark::kSecond)
+    ->Iterations(2);
 
 BENCHMARK_MAIN();

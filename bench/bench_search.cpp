@@ -25,6 +25,7 @@
 //   Buscar Todos, scan:    p50 304, p95 312 ms   p50 1.46, p95 1.51 s (options off)
 // The scan uses SQLite's own LIKE, which ignores the case of A-Z only: it
 // finds fewer rows for texts with accents, and is the cheapest a scan gets.
+#include "bench_figures.h"
 #include "catalogue/search/list_search.h"
 #include "core/context.h"
 #include "core/migrations.h"
@@ -83,17 +84,6 @@ public:
     }
     int filas = 0;
 };
-
-double rss_pico_mb()
-{
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line)) {
-        if (line.rfind("VmHWM:", 0) == 0)
-            return std::stod(line.substr(6)) / 1024.0;
-    }
-    return 0;
-}
 
 void marcar(Context &ctx)
 {
@@ -181,14 +171,16 @@ Entorno &entorno()
 // haystack when the search takes comments.
 QString sentencia_escaneo(const SearchCondition &condition, bool capped)
 {
-    const QString comment = condition.con_comentario
-                                ? QStringLiteral("ifnull((SELECT Descripcion FROM clientes.vendrix_articulos_testigo "
-                                                 "WHERE Codigo = l.Codigo AND Proveedor = l.Proveedor AND "
-                                                 "Tipo = 'U'), '')")
-                                : QStringLiteral("''");
-    const QString haystack = QStringLiteral(
-        "(ifnull(l.Proveedor,'') || ' ' || ifnull(l.Grupo,'') || ' ' || ifnull(l.Observaciones,'') || ' ' || "
-        "ifnull(l.Descripcion,'') || ' ' || ifnull(l.Marca,'') || ' ' || ifnull(l.Codigo,'') || ' ' || ") +
+    const QString comment =
+        condition.con_comentario
+            ? QStringLiteral("ifnull((SELECT Descripcion FROM clientes.vendrix_articulos_testigo "
+                             "WHERE Codigo = l.Codigo AND Proveedor = l.Proveedor AND "
+                             "Tipo = 'U'), '')")
+            : QStringLiteral("''");
+    const QString haystack = QStringLiteral("(ifnull(l.Proveedor,'') || ' ' || ifnull(l.Grupo,'') || ' ' || "
+                                            "ifnull(l.Observaciones,'') || ' ' || "
+                                            "ifnull(l.Descripcion,'') || ' ' || ifnull(l.Marca,'') || ' ' || "
+                                            "ifnull(l.Codigo,'') || ' ' || ") +
                              comment + QLatin1Char(')');
     QString where;
     for (const QStringList &term : condition.terminos) {
@@ -237,7 +229,8 @@ int escanear(Context &ctx, const char *text, bool capped)
 {
     const SearchOptions options = leer_opciones_busqueda(ctx);
     const SearchCondition condition =
-        consulta_de_texto(options, texto_de_trabajo(options, QString::fromUtf8(text)), kLimiteTodos).condicion;
+        consulta_de_texto(options, texto_de_trabajo(options, QString::fromUtf8(text)), kLimiteTodos)
+            .condicion;
     const QByteArray sql = sentencia_escaneo(condition, capped).toUtf8();
     sqlite3 *db = ctx.db().conexion(QStringLiteral("external"));
     sqlite3_stmt *stmt = nullptr;
@@ -264,16 +257,12 @@ int escanear(Context &ctx, const char *text, bool capped)
     return rows;
 }
 
-void informar(benchmark::State &state, std::vector<double> &ms, int rows)
+void informar(benchmark::State &state, const std::vector<double> &ms, int rows)
 {
-    std::sort(ms.begin(), ms.end());
-    const auto at = [&ms](double q) {
-        return ms[std::min(ms.size() - 1, static_cast<size_t>(q * ms.size()))];
-    };
-    state.counters["p50_ms"] = at(0.50);
-    state.counters["p95_ms"] = at(0.95);
+    state.counters["p50_ms"] = bench::percentil(ms, 0.50);
+    state.counters["p95_ms"] = bench::percentil(ms, 0.95);
     state.counters["rows"] = rows;
-    state.counters["peak_rss_mb"] = rss_pico_mb();
+    state.counters["peak_rss_mb"] = bench::memoria_mb("VmHWM");
 }
 
 // Each text's median, slowest first, to stderr: where the time goes.
@@ -284,8 +273,7 @@ void detallar(const char *name, const std::vector<const char *> &texts, const st
         std::vector<double> own;
         for (size_t i = t; i < ms.size(); i += texts.size())
             own.push_back(ms[i]);
-        std::sort(own.begin(), own.end());
-        medians.emplace_back(own[own.size() / 2], texts[t]);
+        medians.emplace_back(bench::percentil(own, 0.5), texts[t]);
     }
     std::sort(medians.rbegin(), medians.rend());
     fprintf(stderr, "%s, mediana por texto:", name);

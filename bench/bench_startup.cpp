@@ -18,6 +18,7 @@
 // check of the search index 41 %, the rules editor of the configuration tab
 // filling its combos from the list 19 % (the groups of the first supplier
 // and the articles of its first group), loading the libraries 10 %.
+#include "bench_figures.h"
 #include "program_shop_folder.h"
 
 #include <QCoreApplication>
@@ -82,10 +83,8 @@ void BM_ArranqueHastaVentana(benchmark::State &state)
         }
         s.push_back(t);
     }
-    std::sort(s.begin(), s.end());
-    const auto at = [&s](double q) { return s[std::min(s.size() - 1, static_cast<size_t>(q * s.size()))]; };
-    state.counters["start_p50_s"] = at(0.50);
-    state.counters["start_p95_s"] = at(0.95);
+    state.counters["start_p50_s"] = bench::percentil(s, 0.50);
+    state.counters["start_p95_s"] = bench::percentil(s, 0.95);
 }
 
 } // namespace
@@ -94,11 +93,5 @@ BENCHMARK(BM_ArranqueHastaVentana)->Unit(benchmark::kMillisecond)->Iterations(kA
 
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return vendrix::bench::correr_con_qt<QCoreApplication>(argc, argv);
 }

@@ -49,6 +49,14 @@ PriceFileStatement &ArticleRows::sentencia(const char *sql)
     return *kept;
 }
 
+qint64 ArticleRows::numero(const char *sql)
+{
+    PriceFileStatement &query = sentencia(sql);
+    const qint64 n = query.fila() ? query.columna_entero(0) : -1;
+    query.reiniciar();
+    return n;
+}
+
 bool ArticleRows::con_indice()
 {
     PriceFileStatement &probe =

@@ -41,6 +41,9 @@ public:
     sqlite3 *db() const { return db_; }
     // True when the file has its index in the current format.
     bool con_indice();
+    // The number a statement without parameters gives (-1 on failure); the
+    // statement is kept for the next call.
+    qint64 numero(const char *sql);
     // One article; nothing when there is no such article or on failure.
     std::optional<ArticleRow> articulo(qint64 id);
 

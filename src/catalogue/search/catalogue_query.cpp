@@ -209,16 +209,8 @@ struct CatalogueSearcher::State {
 
     std::vector<qint64> version(sqlite3 *db)
     {
-        std::vector<qint64> v{sqlite3_total_changes64(db)};
-        for (const char *sql : {"PRAGMA main.data_version", "PRAGMA clientes.data_version"}) {
-            sqlite3_stmt *stmt = nullptr;
-            v.push_back(sqlite3_prepare_v2(db, sql, -1, &stmt, nullptr) == SQLITE_OK &&
-                                sqlite3_step(stmt) == SQLITE_ROW
-                            ? sqlite3_column_int64(stmt, 0)
-                            : -1);
-            sqlite3_finalize(stmt);
-        }
-        return v;
+        return {sqlite3_total_changes64(db), filas->numero("PRAGMA main.data_version"),
+                filas->numero("PRAGMA clientes.data_version")};
     }
 
     // The marks, read again when they may have changed; orders only when asked.

@@ -202,6 +202,14 @@ SearchQuery consulta_listas(const Context &ctx, const QString &texto, QString &b
     return consulta_de_texto(options, work, limite_busqueda(ctx, boton));
 }
 
+std::optional<SearchQuery> consulta_al_escribir(const Context &ctx, const QString &texto)
+{
+    if (!leer_opciones_busqueda(ctx).al_escribir || !rechazo_busqueda(ctx, texto).isEmpty())
+        return std::nullopt;
+    QString caption = QLatin1String(kBotonBuscar);
+    return consulta_listas(ctx, texto, caption);
+}
+
 SearchResult buscar_articulos(Context &ctx, const QString &texto, QString &boton, GridSink &grilla,
                               const ListActions &acciones, CatalogueSearcher *buscador)
 {

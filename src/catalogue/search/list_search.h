@@ -11,6 +11,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 namespace vendrix {
 
@@ -83,6 +84,10 @@ QString rechazo_busqueda(const Context &ctx, const QString &texto);
 // `trabajo`, when given, gets the working text.
 SearchQuery consulta_listas(const Context &ctx, const QString &texto, QString &boton,
                             QString *trabajo = nullptr);
+// The search of a text as the operator types it: the cap of a first press
+// of "Buscar"; nothing when `busqueda_al_escribir` is off or the text would
+// be refused (the operator is told only on Enter).
+std::optional<SearchQuery> consulta_al_escribir(const Context &ctx, const QString &texto);
 
 // The text after the escape and the option steps (prepositions, similar
 // terms), as the condition, the comment branch and the log use it.

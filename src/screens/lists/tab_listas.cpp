@@ -90,7 +90,8 @@ void TabListas::buscar()
 void TabListas::texto_editado(const QString &texto)
 {
     ++generacion_;
-    if (!leer_opciones_busqueda(ctx_).al_escribir || !rechazo_busqueda(ctx_, texto).isEmpty()) {
+    const std::optional<SearchQuery> consulta = consulta_al_escribir(ctx_, texto);
+    if (!consulta) {
         if (vivo_)
             vivo_->abandonar();
         return;
@@ -100,10 +101,8 @@ void TabListas::texto_editado(const QString &texto)
         vivo_ = new LiveSearch([&db](SqlError &error) { return db.abrir_precios_lectura(error); }, this);
         connect(vivo_, &LiveSearch::terminada, this, &TabListas::vista_previa_lista);
     }
-    // The cap of a first press of "Buscar"; the button keeps its caption.
-    QString caption = QLatin1String(kBotonBuscar);
     texto_pedido_ = texto;
-    vivo_->pedir(consulta_listas(ctx_, texto, caption), generacion_);
+    vivo_->pedir(*consulta, generacion_);
 }
 
 // A failed search of a typed text shows nothing: Enter tells the operator.
