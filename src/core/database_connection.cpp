@@ -50,10 +50,13 @@ bool leer_esquema(sqlite3 *db, const char *schema, SqlError &error)
     return ejecutar(db, "SELECT count(*) FROM " + QByteArray(schema) + ".sqlite_master", error);
 }
 
+// A connection is used by one thread at a time (the context's by the main
+// thread, a worker's by the worker): SQLite needn't lock it on every call.
 sqlite3 *abrir_archivo(const QByteArray &name, SqlError &error)
 {
     sqlite3 *db = nullptr;
-    const int rc = sqlite3_open_v2(name.constData(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI, nullptr);
+    const int rc = sqlite3_open_v2(name.constData(), &db,
+                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
     if (rc != SQLITE_OK) {
         error = SqlError::de_conexion(db);
         sqlite3_close_v2(db);

@@ -127,6 +127,20 @@ QString PriceFileStatement::columna(int n) const
     return text ? QString::fromUtf8(text, sqlite3_column_bytes(stmt_, n)) : QString();
 }
 
+const QString &PriceFileStatement::columna_repetida(int n, Repetido &anterior) const
+{
+    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, n));
+    const qsizetype size = sqlite3_column_bytes(stmt_, n);
+    // A NULL and an empty text both read as "": they are kept apart by
+    // the null-ness of `texto`.
+    const QByteArrayView now(text ? text : "", size);
+    if (anterior.bytes != now || anterior.texto.isNull() != (text == nullptr)) {
+        anterior.bytes = now.toByteArray();
+        anterior.texto = text ? QString::fromUtf8(text, size) : QString();
+    }
+    return anterior.texto;
+}
+
 void PriceFileStatement::anexar_columna(int n, QString &to) const
 {
     const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, n));

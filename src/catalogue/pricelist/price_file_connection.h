@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <memory>
@@ -65,6 +66,15 @@ public:
     QString columna(int n) const;
     // Appends a column's text to `to`, without a string of its own.
     void anexar_columna(int n, QString &to) const;
+    // A column's text as it was in the previous row read this way, when it
+    // is the same (then `anterior` is given back without reading it again),
+    // else read afresh and kept in `anterior`. Lists come in runs of one
+    // supplier and group, so most rows repeat them.
+    struct Repetido {
+        QByteArray bytes;
+        QString texto;
+    };
+    const QString &columna_repetida(int n, Repetido &anterior) const;
     qint64 columna_entero(int n) const;
     bool es_nulo(int n) const;
 

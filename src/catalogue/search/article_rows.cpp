@@ -166,9 +166,22 @@ bool ArticleRows::siguiente(qint64 &id, QString &texto)
     return true;
 }
 
-ArticleRow ArticleRows::fila_actual() const
+ArticleRow ArticleRows::fila_actual()
 {
-    return de_fila(*recorrido_);
+    const PriceFileStatement &row = *recorrido_;
+    return {row.columna_entero(0),
+            row.columna_repetida(1, repetidos_[0]),
+            row.columna_repetida(2, repetidos_[1]),
+            row.columna_repetida(3, repetidos_[2]),
+            row.columna(4),
+            row.columna_repetida(5, repetidos_[3]),
+            row.columna(6),
+            row.columna_repetida(7, repetidos_[4]),
+            row.columna(8),
+            row.columna_entero(9) != 0,
+            row.columna_entero(10) != 0,
+            row.columna_entero(11) != 0,
+            row.columna_entero(12) != 0};
 }
 
 } // namespace vendrix

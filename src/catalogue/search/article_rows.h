@@ -13,6 +13,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
 #include <map>
 #include <memory>
 #include <optional>
@@ -67,7 +68,7 @@ public:
     // of an article that is kept.
     bool abrir(const QString &expresion);
     bool siguiente(qint64 &id, QString &texto);
-    ArticleRow fila_actual() const;
+    ArticleRow fila_actual();
 
     // A database failure in the last search (the connection holds the error).
     bool fallo() const { return fallo_; }
@@ -80,6 +81,8 @@ private:
     sqlite3 *db_;
     std::map<QByteArray, std::unique_ptr<PriceFileStatement>> sentencias_;
     PriceFileStatement *recorrido_ = nullptr;
+    // Supplier, group, notes, brand and currency of the last row read whole.
+    std::array<PriceFileStatement::Repetido, 5> repetidos_;
     QHash<QString, qint64> conteos_;                   // trigram -> articles that hold it
     QHash<QString, std::optional<QStringList>> pares_; // pair -> its trigrams
     bool fallo_ = false;

@@ -98,30 +98,89 @@ QStringList trigramas_comunes(const QStringList &term)
     return common;
 }
 
+// The smallest number of articles that hold one of the trigrams; -1 when
+// the counts aren't known.
+qint64 menos_articulos(const QStringList &trigrams, const IndexVocabulary &vocabulario)
+{
+    if (!vocabulario.articulos)
+        return -1;
+    qint64 fewest = -1;
+    for (const QString &t : trigrams) {
+        const qint64 n = vocabulario.articulos(t);
+        fewest = fewest < 0 ? n : std::min(fewest, n);
+    }
+    return fewest;
+}
+
+// What the index is asked for one text or term, with at most how many
+// articles it gives (-1 when not known) and whether a pair is in it.
+struct Acotado {
+    QString expresion;
+    qint64 articulos = -1;
+    bool de_par = false;
+};
+
 // What the index must hold for the text of a term to be there: trigrams of
 // the text when it is long enough (the index doesn't know where they stand;
 // the article's own text decides), else a pair as one of the trigrams that
 // start with it (the indexed text ends with a blank, so each pair in it
 // starts a trigram). Nothing when the index can't narrow it: one character,
 // or a pair with too many trigrams.
-std::optional<QString> acotar(const QString &text, const IndexVocabulary &vocabulario)
+std::optional<Acotado> acotar(const QString &text, const IndexVocabulary &vocabulario)
 {
     const QString folded = plegar_texto(text);
     const qsizetype length = caracteres(folded);
-    if (length >= kMinimoIndice)
-        return grupo_y(los_mas_raros(trigramas_de(folded), vocabulario));
+    if (length >= kMinimoIndice) {
+        const QStringList asked = los_mas_raros(trigramas_de(folded), vocabulario);
+        return Acotado{grupo_y(asked), menos_articulos(asked, vocabulario), false};
+    }
     const std::optional<QStringList> trigrams =
         length == kMinimoIndice - 1 && vocabulario.trigramas ? vocabulario.trigramas(folded) : std::nullopt;
     if (!trigrams)
         return std::nullopt;
     QStringList any;
-    for (const QString &t : *trigrams)
+    qint64 total = vocabulario.articulos ? 0 : -1;
+    for (const QString &t : *trigrams) {
         any << frase(t);
+        if (vocabulario.articulos)
+            total += vocabulario.articulos(t);
+    }
     // A pair the index doesn't hold: nothing matches (a trigram without itself).
     const QString never = frase(folded + folded.left(folded.front().isHighSurrogate() ? 2 : 1));
-    return QLatin1Char('(') +
-           (any.isEmpty() ? never + QStringLiteral(" NOT ") + never : any.join(QLatin1String(" OR "))) +
-           QLatin1Char(')');
+    return Acotado{
+        QLatin1Char('(') +
+            (any.isEmpty() ? never + QStringLiteral(" NOT ") + never : any.join(QLatin1String(" OR "))) +
+            QLatin1Char(')'),
+        total, true};
+}
+
+// A term: its texts, any of which will do.
+std::optional<Acotado> acotar_termino(const QStringList &term, const IndexVocabulary &vocabulario)
+{
+    // The spellings of a word share most of their trigrams: three or
+    // more they all hold narrow about as well as asking for each spelling.
+    if (const QStringList common = trigramas_comunes(term); common.size() >= kTrigramasPorTexto) {
+        const QStringList asked = los_mas_raros(common, vocabulario);
+        return Acotado{grupo_y(asked), menos_articulos(asked, vocabulario), false};
+    }
+    QStringList options;
+    Acotado whole{{}, 0, false};
+    for (const QString &text : term) {
+        const std::optional<Acotado> narrowed = acotar(text, vocabulario);
+        // One text the index can't narrow leaves the whole term open.
+        if (!narrowed)
+            return std::nullopt;
+        options << narrowed->expresion;
+        whole.articulos =
+            whole.articulos < 0 || narrowed->articulos < 0 ? -1 : whole.articulos + narrowed->articulos;
+        whole.de_par = whole.de_par || narrowed->de_par;
+    }
+    if (options.isEmpty())
+        return std::nullopt;
+    whole.expresion = options.size() == 1
+                          ? options.front()
+                          : QLatin1Char('(') + options.join(QLatin1String(" OR ")) + QLatin1Char(')');
+    return whole;
 }
 
 // The condition, folded: every term must match, a term matches when the
@@ -281,15 +340,7 @@ public:
         }
         r.hay_mas = encontrados_.size() > limite_ - 1;
         encontrados_.resize(std::min(encontrados_.size(), limite_ - 1));
-        r.articulos.reserve(encontrados_.size());
-        for (ArticleRow &row : encontrados_) {
-            RowMarks marks;
-            if (consulta_.solo_favoritos)
-                marks.favorito = true;
-            else
-                marks = marcas().marcas(row.datos_marcas());
-            r.articulos.push_back(encontrado(std::move(row), marks));
-        }
+        r.articulos = std::move(encontrados_);
         return r;
     }
 
@@ -297,6 +348,17 @@ private:
     const ShopMarks &marcas() const { return *estado_.marcas; }
 
     bool abandonada() const { return abandonar_ && abandonar_->load(std::memory_order_relaxed); }
+
+    // An article of the result, with its marks.
+    void guardar(ArticleRow &&row)
+    {
+        RowMarks marks;
+        if (consulta_.solo_favoritos)
+            marks.favorito = true;
+        else
+            marks = marcas().marcas(row.datos_marcas());
+        encontrados_.push_back(encontrado(std::move(row), marks));
+    }
 
     bool coincide(qint64 id, const QString &text) const
     {
@@ -312,7 +374,7 @@ private:
         for (qint64 id : marcas().favoritos()) {
             const KnownArticle *known = estado_.conocido(id);
             if (known && coincide(id, known->texto))
-                encontrados_.push_back(known->fila);
+                guardar(ArticleRow(known->fila));
         }
         if (!consulta_.solo_favoritos && encontrados_.size() < limite_)
             buscar_los_demas(limite_ - encontrados_.size());
@@ -344,7 +406,7 @@ private:
                 if (next_extra < extra.size() && extra[next_extra] == id)
                     ++next_extra;
                 if (!marcas().es_favorito(id) && coincide(id, texto_)) {
-                    encontrados_.push_back(filas_.fila_actual());
+                    guardar(filas_.fila_actual());
                     --wanted;
                 }
                 more = filas_.siguiente(id, texto_);
@@ -352,7 +414,7 @@ private:
                 const qint64 commented = extra[next_extra++];
                 const KnownArticle *known = estado_.conocido(commented);
                 if (known && !marcas().es_favorito(commented) && coincide(commented, known->texto)) {
-                    encontrados_.push_back(known->fila);
+                    guardar(ArticleRow(known->fila));
                     --wanted;
                 }
             }
@@ -366,7 +428,7 @@ private:
     const std::atomic<bool> *abandonar_;
     std::optional<QString> rama_comentario_; // folded
     size_t limite_;
-    std::vector<ArticleRow> encontrados_;
+    std::vector<FoundArticle> encontrados_;
     QString texto_; // the folded text of the article being tested
 };
 
@@ -400,30 +462,25 @@ int progreso(void *flag)
 
 QString expresion_indice(const SearchCondition &condicion, const IndexVocabulary &vocabulario)
 {
-    QStringList terms;
+    std::vector<Acotado> terms;
     for (const QStringList &term : condicion.terminos) {
-        // The spellings of a word share most of their trigrams: three or
-        // more they all hold narrow about as well as asking for each spelling.
-        if (const QStringList common = trigramas_comunes(term); common.size() >= kTrigramasPorTexto) {
-            terms << grupo_y(los_mas_raros(common, vocabulario));
-            continue;
-        }
-        QStringList options;
-        for (const QString &text : term) {
-            const std::optional<QString> narrowed = acotar(text, vocabulario);
-            // One text the index can't narrow leaves the whole term open.
-            if (!narrowed) {
-                options.clear();
-                break;
-            }
-            options << *narrowed;
-        }
-        if (options.size() == 1)
-            terms << options.front();
-        else if (!options.isEmpty())
-            terms << QLatin1Char('(') + options.join(QLatin1String(" OR ")) + QLatin1Char(')');
+        if (std::optional<Acotado> narrowed = acotar_termino(term, vocabulario))
+            terms.push_back(std::move(*narrowed));
     }
-    return terms.join(QLatin1String(" AND "));
+    // A pair is worth asking for only when it gives fewer articles than the
+    // longer texts do: a common one ("de") is many lists of articles to walk
+    // that narrow nothing the others don't.
+    qint64 narrowest = -1;
+    for (const Acotado &t : terms) {
+        if (!t.de_par && t.articulos >= 0)
+            narrowest = narrowest < 0 ? t.articulos : std::min(narrowest, t.articulos);
+    }
+    QStringList asked;
+    for (const Acotado &t : terms) {
+        if (!(t.de_par && narrowest >= 0 && t.articulos > narrowest))
+            asked << t.expresion;
+    }
+    return asked.join(QLatin1String(" AND "));
 }
 
 QueryResult ejecutar_consulta(sqlite3 *db, const SearchQuery &consulta)

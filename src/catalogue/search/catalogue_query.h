@@ -104,7 +104,8 @@ struct IndexVocabulary {
 
 // The index query for a condition ("" when no term can be narrowed). Without
 // `trigramas`, pairs narrow nothing; without `articulos`, a longer text asks
-// for all its trigrams, else only for its rarest ones.
+// for all its trigrams, else only for its rarest ones, and a pair held by
+// more articles than the rarest trigrams of a longer text is left out.
 QString expresion_indice(const SearchCondition &condicion, const IndexVocabulary &vocabulario = {});
 
 } // namespace vendrix

@@ -142,8 +142,14 @@ bool asegurar(sqlite3 *db)
 
 void plegar_en_su_lugar(QString &text)
 {
-    for (QChar &c : text)
-        c = c.toUpper();
+    // Most of a list is ASCII: its letters are folded here, the rest by Qt.
+    for (QChar &c : text) {
+        const char16_t u = c.unicode();
+        if (u >= u'a' && u <= u'z')
+            c = QChar(char16_t(u - (u'a' - u'A')));
+        else if (u >= 0x80)
+            c = c.toUpper();
+    }
 }
 
 QString plegar_texto(const QString &text)

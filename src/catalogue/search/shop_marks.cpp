@@ -151,7 +151,7 @@ bool ShopMarks::leer_pedidos(sqlite3 *db)
             "AND (Estado = 'Pedido Pendiente' COLLATE NOCASE OR Estado = 'Pedido' COLLATE NOCASE)");
     while (rows.fila()) {
         std::pair<int, int> &counts = pedidos_[clave_marca(rows.columna(0), rows.columna(1))];
-        grupos_pedidos_.insert(plegar_texto(rows.columna(1)));
+        descripciones_pedidas_.insert(plegar_texto(rows.columna(0)));
         ++(rows.columna_entero(2) != 0 ? counts.first : counts.second);
     }
     return !rows.fallo();
@@ -181,20 +181,29 @@ bool ShopMarks::algun_comentario_contiene(qint64 id, const QString &plegado) con
     });
 }
 
-// Most articles carry no mark: the short code or group tells so before the
-// whole key is folded.
+// Most articles carry no mark: the short code or group, folded into a
+// buffer that keeps its memory, tells so before the whole key is made.
+bool ShopMarks::plegado_en(const QSet<QString> &folded, QStringView text) const
+{
+    plegado_.resize(0);
+    plegado_.append(text);
+    plegar_en_su_lugar(plegado_);
+    return folded.contains(plegado_);
+}
+
 RowMarks ShopMarks::marcas(const ArticleData &a) const
 {
     RowMarks m;
     m.favorito = es_favorito(a.id);
     if (!a.proveedor_nulo && !a.codigo_nulo && !a.codigo.isEmpty() &&
-        codigos_marcados_.contains(plegar_texto(a.codigo))) {
-        const QString key = clave_marca(a.proveedor, a.codigo);
+        plegado_en(codigos_marcados_, a.codigo)) {
+        const QString key = clave_marca(a.proveedor.toString(), a.codigo.toString());
         m.centinela = centinelas_.value(key);
         m.testigo = testigos_.value(key);
     }
-    if (!a.descripcion_nula && !a.grupo_nulo && grupos_pedidos_.contains(plegar_texto(a.grupo))) {
-        const std::pair<int, int> orders = pedidos_.value(clave_marca(a.descripcion, a.grupo));
+    if (!a.descripcion_nula && !a.grupo_nulo && plegado_en(descripciones_pedidas_, a.descripcion)) {
+        const std::pair<int, int> orders =
+            pedidos_.value(clave_marca(a.descripcion.toString(), a.grupo.toString()));
         m.pedido_pendiente = orders.first;
         m.pedido = orders.second;
     }

@@ -36,6 +36,7 @@ struct RowMarks {
     bool operator==(const RowMarks &) const = default;
 };
 
+// Used by one thread at a time.
 class ShopMarks {
 public:
     // Reads the marks and finds the articles that are favourites or carry a
@@ -59,9 +60,10 @@ public:
 
     // The marks of an article; `nulos` tells which of supplier and code are
     // NULL, description and group likewise for the orders.
+    // The fields are read where they stand: the caller keeps them alive.
     struct ArticleData {
         qint64 id = 0;
-        QString proveedor, codigo, descripcion, grupo;
+        QStringView proveedor, codigo, descripcion, grupo;
         bool proveedor_nulo = false, codigo_nulo = false, descripcion_nula = false, grupo_nulo = false;
     };
     RowMarks marcas(const ArticleData &a) const;
@@ -71,16 +73,19 @@ private:
         QString proveedor; // as written in one of the rows
         QString codigo;
     };
+    // Whether the set holds the text, folded.
+    bool plegado_en(const QSet<QString> &folded, QStringView text) const;
     bool resolver(sqlite3 *db, const QHash<QString, Key> &keys, QHash<QString, std::vector<qint64>> &found);
 
     QHash<QString, int> centinelas_, testigos_;
     QHash<QString, std::vector<qint64>> articulos_favoritos_; // key -> articles
     // key -> folded comments, first row first; a NULL comment is empty
     QHash<QString, std::vector<std::optional<QString>>> comentarios_;
-    QHash<qint64, QString> clave_comentada_;          // article -> its key in comentarios_
-    QHash<QString, std::pair<int, int>> pedidos_;     // description+group -> pending, placed
-    QSet<QString> codigos_marcados_, grupos_pedidos_; // folded, of the sentinels, witnesses and orders
+    QHash<qint64, QString> clave_comentada_;                 // article -> its key in comentarios_
+    QHash<QString, std::pair<int, int>> pedidos_;            // description+group -> pending, placed
+    QSet<QString> codigos_marcados_, descripciones_pedidas_; // folded, of the sentinels, witnesses and orders
     std::vector<qint64> favoritos_, comentados_;
+    mutable QString plegado_; // reused by `marcas`, so that most articles cost no allocation
 };
 
 // The key by which marks are matched to articles: both parts folded.

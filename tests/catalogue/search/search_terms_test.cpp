@@ -128,5 +128,24 @@ TEST(ExpresionIndice, WithTheCountsALongTextAsksForItsThreeRarestTrigrams)
     EXPECT_EQ(expresion_indice(filtro_ortografia(u("ovo"), false), vocabulary), u("(\"OVO\" OR \"OBO\")"));
 }
 
+TEST(ExpresionIndice, APairIsAskedOnlyWhenFewerArticlesHoldItThanTheLongerTexts)
+{
+    const QHash<QString, qint64> counts{{"DEL", 800}, {"DE ", 700}, {"M8 ", 3},   {"M8X", 2},
+                                        {"PAS", 60},  {"ASO", 70},  {"PER", 900}, {"ERN", 900}};
+    const auto trigrams = [](const QString &pair) -> std::optional<QStringList> {
+        if (pair == QLatin1String("DE"))
+            return QStringList{"DE ", "DEL"};
+        return QStringList{pair + QLatin1Char(' '), pair + QLatin1Char('X')};
+    };
+    const IndexVocabulary vocabulary{trigrams, [&counts](const QString &t) { return counts.value(t, 1000); }};
+    const auto expr = [&vocabulary](const char *text) {
+        return expresion_indice(filtro_terminos(u(text)), vocabulary);
+    };
+    EXPECT_EQ(expr("paso de"), u("(\"PAS\" AND \"ASO\")"));
+    EXPECT_EQ(expr("m8 perno"), u("(\"M8 \" OR \"M8X\") AND (\"PER\" AND \"ERN\" AND \"RNO\")"));
+    // Pairs alone are all asked.
+    EXPECT_EQ(expr("de m8"), u("(\"DE \" OR \"DEL\") AND (\"M8 \" OR \"M8X\")"));
+}
+
 } // namespace
 } // namespace vendrix
