@@ -1,0 +1,233 @@
+// The ledger's storage on a shop database fresh from its migrations: the
+// rows each change leaves, the debts' states at the cent, deletions, and a
+// database failing at each statement of a change leaving the ledger as it
+// was.
+#include "backoffice/ledger/ledger_store.h"
+#include "core/db_helpers.h"
+#include "core/migrations.h"
+
+namespace vendrix {
+namespace {
+
+const QDate kDia(2026, 11, 20);
+const QString kFilas = "SELECT ID, TIPO, Proveedor, Medio_de_pago, Medio_de_pago_origen, Pagado, Total_Pago, "
+                       "ifnull(ID_Factura_pagos, '-'), Fecha, ifnull(Proximo_Vencimiento, '-') "
+                       "FROM Vendrix_Pagos ORDER BY ID";
+
+class LedgerStore : public test::ShopTest {
+protected:
+    explicit LedgerStore(bool failing = true) : ShopTest(failing)
+    {
+        EXPECT_TRUE(ejecutar_migraciones(app.ctx()).fallidas.isEmpty());
+    }
+
+    DatosGasto gasto(double total) const
+    {
+        return {kDia, "Servicios", "Luz del Sur S'A", "", "bimestre", total, QDate(2026, 12, 10), "No"};
+    }
+    DatosFactura factura(const QString &letra, double neto, double iva) const
+    {
+        return {kDia,
+                "Pérez & Hijos",
+                "",
+                neto,
+                iva,
+                0,
+                0,
+                letra,
+                "00003",
+                "00001234",
+                "Compra de mercadería",
+                "Efectivo",
+                QDate(2026, 12, 1)};
+    }
+    QString pagar(qint64 deuda, double monto, QDate vence = {})
+    {
+        return agregar_pago(app.ctx(), {deuda, kDia, "Servicios", "", "Efectivo", "", monto, vence});
+    }
+    // The balance of a method: its "PAGO" rows.
+    double saldo(const QString &medio)
+    {
+        return q1("SELECT ifnull(SUM(Total_Pago), 0) FROM Vendrix_Pagos WHERE TIPO = 'PAGO' AND "
+                  "Medio_de_pago = ?",
+                  "internal", {medio})
+            .toDouble();
+    }
+};
+
+TEST_F(LedgerStore, AnExpenseAndItsPaymentsReadTheirStateAtTheCent)
+{
+    const qint64 id = agregar_gasto(app.ctx(), gasto(0.88)).toLongLong();
+    ASSERT_GT(id, 0);
+    EXPECT_EQ(filas(kFilas),
+              QStringList{QString::number(id) + "|GASTO|Luz del Sur S'A|||No|0.88|-|2026-11-20|2026-12-10"});
+    struct Paso {
+        double monto;
+        double pagado;
+        const char *estado;
+    };
+    const Paso pasos[] = {{0.29, 0.29, "Parcialmente"}, {0.29, 0.58, "Parcialmente"}, {0.30, 0.88, "Si"}};
+    for (const Paso &p : pasos) {
+        EXPECT_EQ(pagar(id, p.monto, QDate(2027, 1, 5)), "");
+        EXPECT_NEAR(pagado_de_deuda(app.ctx(), id), p.pagado, 1e-9);
+        EXPECT_EQ(estado_de_deuda(0.88, pagado_de_deuda(app.ctx(), id)), p.estado) << p.pagado;
+    }
+    // Each payment is stored negated and moves the debt's next due date.
+    EXPECT_EQ(filas("SELECT Total_Pago, Pagado, Proximo_Vencimiento FROM Vendrix_Pagos WHERE TIPO = 'PAGO'"),
+              QStringList({"-0.29|Si|2027-01-05", "-0.29|Si|2027-01-05", "-0.3|Si|2027-01-05"}));
+    EXPECT_EQ(q1("SELECT Proximo_Vencimiento FROM Vendrix_Pagos WHERE ID = ?", "internal", {id}),
+              "2027-01-05");
+    EXPECT_EQ(estado_de_deuda(12000, 0), "No");
+    EXPECT_EQ(estado_de_deuda(12000, 11999.996), "Si");
+    EXPECT_EQ(estado_de_deuda(12000, 11999.99), "Parcialmente");
+}
+
+TEST_F(LedgerStore, AnEntryMadeAsPaidIsTwoRowsSummingZero)
+{
+    const qint64 gasto_id = agregar_gasto(app.ctx(), gasto(12000), QStringLiteral("Banco")).toLongLong();
+    ASSERT_GT(gasto_id, 0);
+    const DatosFactura b = factura("B", 1000.55, 0);
+    const qint64 factura_id = agregar_factura(app.ctx(), b, QStringLiteral("Efectivo")).toLongLong();
+    ASSERT_GT(factura_id, gasto_id);
+    for (qint64 id : {gasto_id, factura_id})
+        EXPECT_EQ(q1("SELECT SUM(Total_Pago) FROM Vendrix_Pagos WHERE ID = ?1 OR ID_Factura_pagos = ?1",
+                     "internal", {id}),
+                  "0");
+    // The invoice keeps its cents and reads "No" in its own row: its state comes from its payments.
+    EXPECT_EQ(filas("SELECT TIPO, Pagado, Total_Pago, Factura_neto, factura_letra, Medio_de_pago FROM "
+                    "Vendrix_Pagos WHERE ID = " +
+                    QString::number(factura_id)),
+              QStringList{"FACTURA|No|1000.55|1000.55|B|Efectivo"});
+    EXPECT_DOUBLE_EQ(saldo("Banco"), -12000);
+    EXPECT_DOUBLE_EQ(saldo("Efectivo"), -1000.55);
+}
+
+TEST_F(LedgerStore, EditsChangeTheDebtRowOnlyAndLogTheAdditionsName)
+{
+    const qint64 id = agregar_factura(app.ctx(), factura("A", 1000, 210)).toLongLong();
+    ASSERT_EQ(pagar(id, 500), "");
+    DatosFactura changed = factura("A", 200, 42);
+    changed.proximo_vencimiento = {};
+    EXPECT_EQ(modificar_factura(app.ctx(), id, changed), "");
+    // Lowered below what was paid: not refused for an invoice.
+    EXPECT_EQ(
+        filas("SELECT TIPO, Total_Pago, Factura_iva, ifnull(Proximo_Vencimiento, 'NULL') FROM Vendrix_Pagos "
+              "ORDER BY ID"),
+        QStringList({"FACTURA|242|42|NULL", "PAGO|-500||2026-11-23"}));
+    EXPECT_EQ(q1("SELECT ID_Factura_pagos FROM Vendrix_Pagos WHERE TIPO = 'PAGO'"), QString::number(id));
+    EXPECT_TRUE(app.log_messages().contains("modificar_factura - inicia la funcion 'agregar_factura'.."));
+    EXPECT_TRUE(app.log_messages().contains(
+        "modificar_factura - termino la funcion 'agregar_factura' correctamente.."));
+    EXPECT_TRUE(app.log_messages().contains(
+        "agregar_pago - se actualizaron las fechas de proximo vencimiento para el GASTO o FACTURA  ID =" +
+        QString::number(id) + ".."));
+}
+
+TEST_F(LedgerStore, ATransferIsFourRowsAndMovesTheBalances)
+{
+    const qint64 second =
+        agregar_transferencia(app.ctx(), kDia, "Efectivo", "Banco", 2500, "depósito").toLongLong();
+    ASSERT_GT(second, 0);
+    const qint64 first = second - 1;
+    const QString f = QString::number(first), s = QString::number(second);
+    EXPECT_EQ(filas(kFilas),
+              QStringList(
+                  {f + "|TRANSFERENCIA||Efectivo|Banco|Si|2500|" + s + "|2026-11-20|2026-11-23",
+                   s + "|TRANSFERENCIA||Banco|Efectivo|Si|-2500|" + f + "|2026-11-20|2026-11-23",
+                   QString::number(second + 1) + "|PAGO||Efectivo||Si|-2500|" + f + "|2026-11-20|2026-11-23",
+                   QString::number(second + 2) + "|PAGO||Banco||Si|2500|" + s + "|2026-11-20|2026-11-23"}));
+    EXPECT_DOUBLE_EQ(saldo("Efectivo"), -2500);
+    EXPECT_DOUBLE_EQ(saldo("Banco"), 2500);
+}
+
+TEST_F(LedgerStore, DeletingATransferFromEitherRowLeavesOneOrphanPayment)
+{
+    for (int from_second = 0; from_second < 2; ++from_second) {
+        ASSERT_TRUE(nq("DELETE FROM Vendrix_Pagos"));
+        const qint64 second =
+            agregar_transferencia(app.ctx(), kDia, "Efectivo", "Banco", 100, "").toLongLong();
+        const qint64 chosen = from_second ? second : second - 1;
+        const qint64 mirror = from_second ? second - 1 : second;
+        ASSERT_TRUE(eliminar_movimiento(app.ctx(), chosen));
+        EXPECT_EQ(filas("SELECT TIPO, ID_Factura_pagos FROM Vendrix_Pagos"),
+                  QStringList{"PAGO|" + QString::number(mirror)})
+            << from_second;
+    }
+    // A debt goes with its payments.
+    const qint64 id = agregar_gasto(app.ctx(), gasto(10)).toLongLong();
+    ASSERT_EQ(pagar(id, 4), "");
+    ASSERT_TRUE(eliminar_movimiento(app.ctx(), id));
+    EXPECT_EQ(
+        q1("SELECT count(*) FROM Vendrix_Pagos WHERE ID = ?1 OR ID_Factura_pagos = ?1", "internal", {id}),
+        "0");
+}
+
+TEST_F(LedgerStore, DeletingFromTheHistoryRollsTheDueDateBack)
+{
+    const qint64 id = agregar_gasto(app.ctx(), gasto(900)).toLongLong();
+    ASSERT_EQ(pagar(id, 100, QDate(2027, 1, 1)), "");
+    ASSERT_EQ(pagar(id, 100, QDate(2027, 2, 1)), "");
+    const qint64 newest = db().ultimo_id("internal");
+    ASSERT_TRUE(eliminar_pago_del_historial(app.ctx(), newest, id));
+    EXPECT_EQ(q1("SELECT Proximo_Vencimiento FROM Vendrix_Pagos WHERE ID = ?", "internal", {id}),
+              "2027-01-01");
+    EXPECT_EQ(estado_de_deuda(900, pagado_de_deuda(app.ctx(), id)), "Parcialmente");
+    // With no payment left the debt keeps the date it had.
+    ASSERT_TRUE(eliminar_pago_del_historial(app.ctx(), newest - 1, id));
+    EXPECT_EQ(q1("SELECT Proximo_Vencimiento FROM Vendrix_Pagos WHERE ID = ?", "internal", {id}),
+              "2027-01-01");
+    EXPECT_EQ(estado_de_deuda(900, pagado_de_deuda(app.ctx(), id)), "No");
+}
+
+TEST_F(LedgerStore, AFailureAtAnyStatementOfAChangeLeavesTheLedgerAsItWas)
+{
+    const qint64 debt = agregar_gasto(app.ctx(), gasto(50)).toLongLong();
+    ASSERT_EQ(pagar(debt, 10, QDate(2027, 3, 1)), "");
+    const qint64 transfer = agregar_transferencia(app.ctx(), kDia, "Efectivo", "Banco", 7, "").toLongLong();
+    const QStringList before = filas(kFilas);
+    struct Cambio {
+        const char *nombre;
+        std::function<bool()> hacer;
+    };
+    Context &ctx = app.ctx();
+    const Cambio cambios[] = {
+        {"transferencia",
+         [&] { return agregar_transferencia(ctx, kDia, "Banco", "Efectivo", 3, "") != "0"; }},
+        {"gasto pagado", [&] { return agregar_gasto(ctx, gasto(20), QStringLiteral("Banco")) != "0"; }},
+        {"factura pagada",
+         [&] { return agregar_factura(ctx, factura("C", 5, 0), QStringLiteral("Banco")) != "0"; }},
+        {"pago", [&] { return pagar(debt, 5).isEmpty(); }},
+        {"borrar transferencia", [&] { return eliminar_movimiento(ctx, transfer); }},
+        {"borrar gasto", [&] { return eliminar_movimiento(ctx, debt); }},
+        {"borrar del historial", [&] { return eliminar_pago_del_historial(ctx, debt + 1, debt); }},
+    };
+    for (const Cambio &c : cambios) {
+        // Count the statements of the change, then fail each of them in turn.
+        int statements = 0;
+        {
+            const int seen = app.failing_db().statements_seen();
+            ASSERT_TRUE(c.hacer()) << c.nombre;
+            statements = app.failing_db().statements_seen() - seen;
+            ASSERT_TRUE(nq("DELETE FROM Vendrix_Pagos"));
+            for (const QString &row : before) {
+                const QStringList v = row.split('|');
+                ASSERT_TRUE(nq(
+                    "INSERT INTO Vendrix_Pagos (ID, TIPO, Proveedor, Medio_de_pago, Medio_de_pago_origen, "
+                    "Pagado, Total_Pago, ID_Factura_pagos, Fecha, Proximo_Vencimiento) VALUES (?, ?, ?, ?, "
+                    "?, ?, ?, nullif(?, '-'), ?, nullif(?, '-'))",
+                    "internal", {v[0], v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8], v[9]}));
+            }
+            ASSERT_EQ(filas(kFilas), before);
+        }
+        for (int n = 2; n <= statements;
+             ++n) { // the first is BEGIN: a change that can't start writes nothing
+            app.failing_db().fail_nth(n);
+            EXPECT_FALSE(c.hacer()) << c.nombre << " " << n;
+            app.failing_db().heal();
+            EXPECT_EQ(filas(kFilas), before) << c.nombre << " failing statement " << n;
+        }
+    }
+}
+
+} // namespace
+} // namespace vendrix
