@@ -91,6 +91,16 @@ bool crear(Context &ctx, const char *ddl, const QString &target = kInternal)
     return ejecutar(ctx.db(), target, {{QString::fromUtf8(ddl)}});
 }
 
+// Both in one go; the probe looks for the last one.
+bool crear_indices_pagos(Context &ctx)
+{
+    return ejecutar(
+        ctx.db(), kInternal,
+        {{QStringLiteral("CREATE INDEX IF NOT EXISTS idx_vendrix_pagos_factura ON "
+                         "Vendrix_Pagos (ID_Factura_pagos)")},
+         {QStringLiteral("CREATE INDEX IF NOT EXISTS idx_vendrix_pagos_fecha ON Vendrix_Pagos (Fecha)")}});
+}
+
 bool crear_formas_de_pago(Context &ctx)
 {
     struct Forma {
@@ -173,13 +183,13 @@ bool crear_update_bat(Context &ctx)
 }
 
 // What an update probes; it runs when the probe finds nothing.
-enum class Sonda { tabla, campo, archivo };
+enum class Sonda { tabla, campo, archivo, indice };
 
 struct Migracion {
     const char *verifica; // null: no "Verifica" line
     Sonda sonda;
-    const char *nombre; // table or file
-    const char *campo;  // column, or the target word of a table probe
+    const char *nombre; // table, index or file
+    const char *campo;  // column, or the target word of a table or index probe
     bool (*accion)(Context &);
     const char *linea_accion; // null when the update logs a single line
     const char *linea_inicio;
@@ -306,6 +316,11 @@ const Migracion kMigraciones[] = {
     {"Verifica de la existencia de la tabla vendrix_cae_pendientes", Sonda::tabla, "vendrix_cae_pendientes",
      "internal", [](Context &c) { return crear(c, kCaePendientes); },
      "Se creó la tabla de [vendrix_cae_pendientes].", "se agrego la tabla vendrix_cae_pendientes."},
+    // The ledger's list joins each debt with its payments and keeps to a
+    // range of dates: without these it reads the whole table per row.
+    {"Verifica de la existencia de los indices de la tabla Vendrix_Pagos", Sonda::indice,
+     "idx_vendrix_pagos_fecha", "internal", crear_indices_pagos, nullptr,
+     "Se crearon los indices de la tabla [Vendrix_Pagos]"},
 };
 
 bool existe(Context &ctx, const Migracion &m)
@@ -315,6 +330,10 @@ bool existe(Context &ctx, const Migracion &m)
         return ctx.db().existe_tabla(QString::fromUtf8(m.nombre), QString::fromUtf8(m.campo));
     case Sonda::campo:
         return ctx.db().existe_campo(QString::fromUtf8(m.nombre), QString::fromUtf8(m.campo));
+    case Sonda::indice:
+        return ctx.db().execQ1(
+                   QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'index' AND name = ?"),
+                   QString::fromUtf8(m.campo), {QString::fromUtf8(m.nombre)}) != QLatin1String("0");
     case Sonda::archivo:
         return QFile::exists(ctx.ruta(QString::fromUtf8(m.nombre)));
     }
