@@ -58,14 +58,15 @@ protected:
 TEST_F(MainConLista, LoadsInOrderAndFillsTheRulesBeforeAnyArticle)
 {
     EXPECT_EQ(app.log_messages(),
-              (QStringList{"INICIO - Load form FrmMain.", "TAB Disclaimer inicializado.",
-                           "TAB Listas inicializado.", "Carritos de Compra inicializados.",
-                           "TAB Novedades inicializado.", "TAB Configuración inicializado.",
-                           "TAB Proveedores inicializado.", "TAB Pedidos inicializado.",
-                           "TAB Reprotes inicializado.", "TAB Control Precios inicializado.",
-                           "TAB Cliente / Proveedores inicializado.", "TAB Pagos inicializado.",
-                           "Se puso el logo de Vendrix correspondiente.", "Web Preview Inicializado.",
-                           "Impresora Fiscal inicializada.", "FIN - Load form FrmMain."}));
+              (QStringList{
+                  "INICIO - Load form FrmMain.", "TAB Disclaimer inicializado.", "TAB Listas inicializado.",
+                  "Carritos de Compra inicializados.", "TAB Novedades inicializado.",
+                  "TAB Configuración inicializado.", "TAB Proveedores inicializado.",
+                  "TAB Pedidos inicializado.", "TAB Reprotes inicializado.",
+                  "TAB Control Precios inicializado.", "TAB Cliente / Proveedores inicializado.",
+                  "Se Inicializan las columnas de la grilla 'DataGridViewPagos'.", "TAB Pagos inicializado.",
+                  "Se puso el logo de Vendrix correspondiente.", "Web Preview Inicializado.",
+                  "Impresora Fiscal inicializada.", "FIN - Load form FrmMain."}));
     EXPECT_EQ(app.op.lines(), QStringList()); // nothing went wrong on the way
     EXPECT_TRUE(window->pagina_configuracion()->check_carritos()->isChecked());
     EXPECT_EQ(boton("Command_add_carrito2")->text(), "Agregar a Mostrador");

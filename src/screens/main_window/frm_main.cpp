@@ -24,6 +24,7 @@
 #include "screens/lists/tab_listas.h"
 #include "screens/main_window/frm_log.h"
 #include "screens/main_window/screen_images.h"
+#include "screens/payments/tab_pagos.h"
 #include "widgets/lynx_grid.h"
 
 #include <QApplication>
@@ -159,6 +160,8 @@ void FrmMain::crear_pestanas()
             page = scroll;
         } else if (i == kTabCliPro) {
             page = new screens::CustomersTab(ctx_);
+        } else if (i == kTabPagos) {
+            page = new screens::TabPagos(ctx_);
         } else {
             page = pagina_de_texto(datos.texto ? QString::fromUtf8(datos.texto) : later);
         }
@@ -266,10 +269,12 @@ void FrmMain::cargar_pestanas()
     log("TAB Configuración inicializado");
     configuracion_->llenar_reglas();
     findChild<screens::CustomersTab *>()->iniciar_tab_clipro();
-    for (const char *line : {"TAB Proveedores inicializado", "TAB Pedidos inicializado",
-                             "TAB Reprotes inicializado", "TAB Control Precios inicializado",
-                             "TAB Cliente / Proveedores inicializado", "TAB Pagos inicializado"})
+    for (const char *line :
+         {"TAB Proveedores inicializado", "TAB Pedidos inicializado", "TAB Reprotes inicializado",
+          "TAB Control Precios inicializado", "TAB Cliente / Proveedores inicializado"})
         log(line);
+    findChild<screens::TabPagos *>()->iniciar_tab_pagos();
+    log("TAB Pagos inicializado");
     elegir_logo();
     ctx_.escribir_log(QStringLiteral("Se puso el logo de Vendrix correspondiente"), info);
     ctx_.escribir_log(QStringLiteral("Web Preview Inicializado"), info);
