@@ -30,9 +30,8 @@ TEST(TabPagosPantalla, EnterFillsTheGridAndAPaidRowTakesNoPayment)
     widgets::LynxGrid &grilla = *tab.grilla();
     EXPECT_EQ(grilla.Cols(), 9);
     EXPECT_EQ(grilla.Rows(), 0);
-    for (int a : {TabPagos::kImprimir, TabPagos::kExportar, TabPagos::kEditar, TabPagos::kEliminar,
-                  TabPagos::kAgregarPago})
-        EXPECT_FALSE(tab.accion(TabPagos::Accion(a))->isEnabled()) << a;
+    EXPECT_FALSE(tab.accion(TabPagos::kImprimir)->isEnabled());
+    EXPECT_FALSE(tab.accion(TabPagos::kAgregarPago)->isEnabled());
 
     test::escribir(test::hijo(tab, "Text_Pagos_buscar"), "Norte");
     QTest::keyClick(test::hijo(tab, "Text_Pagos_buscar"), Qt::Key_Return);
