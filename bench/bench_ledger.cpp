@@ -6,6 +6,10 @@
 // part, a third paid in two payments (60 000 payments), and 20 000
 // transfers of four rows each. A year holds about 12 000 debts and 8 000
 // transfer rows.
+//
+// Figures on the shared 2-core machine (Release, offscreen, wall time): the
+// query and its lines 139 ms, with the grid filled 147 ms, 19 756 rows.
+// Grouping the joined payments and sorting by ID instead took 256 ms.
 #include "backoffice/ledger/ledger_listing.h"
 #include "bench_figures.h"
 #include "core/context.h"
@@ -83,7 +87,6 @@ struct Tienda {
         db.execNQ(QString::fromUtf8(kSegundosPagosSql), internal);
         db.execNQ(QString::fromUtf8(kTransferenciasSql).arg(kTransferencias), internal);
         db.execNQ(QString::fromUtf8(kPagosTransferenciasSql), internal);
-        db.execNQ(QStringLiteral("ANALYZE"), internal);
         filas = db.execQ1(QStringLiteral("SELECT count(*) FROM Vendrix_Pagos"), internal).toInt();
     }
     QTemporaryDir dir;

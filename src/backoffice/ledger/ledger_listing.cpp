@@ -12,32 +12,36 @@ const QString kInternal = QStringLiteral("Internal");
 
 // Nullable text fields read as "" so that one missing part never blanks a
 // concatenation (`||` with NULL gives NULL).
+//
+// What is owed and paid is decided at the cent: payments of 0.29 + 0.29 +
+// 0.30 settle a debt of 0.88 though the doubles miss it by a hair. Each
+// debt's payments are summed through the index of the link, and the rows
+// come in the order of the date index, so nothing is sorted or grouped.
 const char *const kSelect =
-    "SELECT FA.ID, substr(FA.Fecha, 9, 2) || '/' || substr(FA.Fecha, 6, 2) || '/' || substr(FA.Fecha, 1, 4), "
-    "FA.TIPO, ifnull(FA.Proveedor, ''), "
-    "CASE FA.TIPO "
-    "WHEN 'TRANSFERENCIA' THEN 'Transferencia de `' || ifnull(FA.Medio_de_pago_origen, '') || '` a `' || "
-    "ifnull(FA.Medio_de_pago, '') || '`' "
-    "WHEN 'FACTURA' THEN 'Factura ' || ifnull(FA.Factura_Letra, '') || '-' || ifnull(FA.Factura_sucursal, "
-    "'') || "
-    "'-' || ifnull(FA.Factura_numero, '') || ' cargada en el sistema' "
-    "ELSE 'Gasto ' || ifnull(FA.Destino_de_pago, '') || "
-    "CASE WHEN ifnull(FA.Medio_de_pago, '') <> '' THEN ' pagado con ' || FA.Medio_de_pago ELSE '' END END, "
-    "CAST(FA.Total_Pago AS REAL), "
-    // What is owed and paid, at the cent: payments of 0.29 + 0.29 + 0.30
-    // settle a debt of 0.88 though the doubles miss it by a hair.
-    "CASE WHEN FA.TIPO = 'TRANSFERENCIA' THEN 0 "
-    "ELSE round(CAST(FA.Total_Pago AS REAL) + total(CAST(PA.Total_Pago AS REAL)), 2) END AS adeudado, "
-    "CASE WHEN FA.TIPO = 'TRANSFERENCIA' THEN 'Si' "
-    "WHEN round(total(CAST(PA.Total_Pago AS REAL)), 2) = 0 THEN 'No' "
-    "WHEN round(CAST(FA.Total_Pago AS REAL) + total(CAST(PA.Total_Pago AS REAL)), 2) <= 0 THEN 'Si' "
-    "ELSE 'Parcialmente' END, "
-    "CASE WHEN FA.TIPO = 'TRANSFERENCIA' OR ifnull(FA.Proximo_Vencimiento, '') = '' OR "
-    "round(CAST(FA.Total_Pago AS REAL) + total(CAST(PA.Total_Pago AS REAL)), 2) <= 0 THEN '' "
-    "ELSE 'Vto. ' || substr(FA.Proximo_Vencimiento, 9, 2) || '/' || substr(FA.Proximo_Vencimiento, 6, 2) || "
-    "'/' || substr(FA.Proximo_Vencimiento, 1, 4) END "
-    "FROM Vendrix_Pagos FA LEFT JOIN Vendrix_Pagos PA ON (FA.ID = PA.ID_Factura_pagos) "
-    "WHERE FA.TIPO IN ('FACTURA', 'GASTO', 'TRANSFERENCIA') AND FA.Fecha >= ? AND FA.Fecha < ?";
+    "SELECT ID, substr(Fecha, 9, 2) || '/' || substr(Fecha, 6, 2) || '/' || substr(Fecha, 1, 4), TIPO, "
+    "ifnull(Proveedor, ''), "
+    "CASE TIPO "
+    "WHEN 'TRANSFERENCIA' THEN 'Transferencia de `' || ifnull(Medio_de_pago_origen, '') || '` a `' || "
+    "ifnull(Medio_de_pago, '') || '`' "
+    "WHEN 'FACTURA' THEN 'Factura ' || ifnull(Factura_Letra, '') || '-' || ifnull(Factura_sucursal, '') || "
+    "'-' || "
+    "ifnull(Factura_numero, '') || ' cargada en el sistema' "
+    "ELSE 'Gasto ' || ifnull(Destino_de_pago, '') || "
+    "CASE WHEN ifnull(Medio_de_pago, '') <> '' THEN ' pagado con ' || Medio_de_pago ELSE '' END END, "
+    "total, adeudado, "
+    "CASE WHEN TIPO = 'TRANSFERENCIA' THEN 'Si' WHEN round(pagos, 2) = 0 THEN 'No' "
+    "WHEN adeudado <= 0 THEN 'Si' ELSE 'Parcialmente' END, "
+    "CASE WHEN TIPO = 'TRANSFERENCIA' OR ifnull(Proximo_Vencimiento, '') = '' OR adeudado <= 0 THEN '' "
+    "ELSE 'Vto. ' || substr(Proximo_Vencimiento, 9, 2) || '/' || substr(Proximo_Vencimiento, 6, 2) || '/' || "
+    "substr(Proximo_Vencimiento, 1, 4) END "
+    "FROM (SELECT *, CASE WHEN TIPO = 'TRANSFERENCIA' THEN 0 ELSE round(total + pagos, 2) END AS adeudado "
+    "FROM ("
+    "SELECT FA.*, CAST(FA.Total_Pago AS REAL) AS total, CASE WHEN FA.TIPO = 'TRANSFERENCIA' THEN 0 "
+    "ELSE (SELECT total(CAST(PA.Total_Pago AS REAL)) FROM Vendrix_Pagos PA WHERE PA.ID_Factura_pagos = "
+    "FA.ID) "
+    "END AS pagos "
+    "FROM Vendrix_Pagos FA WHERE FA.TIPO IN ('FACTURA', 'GASTO', 'TRANSFERENCIA') AND FA.Fecha >= ? AND "
+    "FA.Fecha < ?";
 
 // The text sought is matched against the supplier, the date as shown, the
 // letter and the number, joined by single blanks.
@@ -47,7 +51,7 @@ const char *const kBusqueda =
     "substr(FA.Fecha, 1, 4) || ' ' || ifnull(FA.Factura_Letra, '') || ' ' || ifnull(FA.Factura_numero, '')) "
     "LIKE ?";
 
-const char *const kFin = " GROUP BY FA.ID ORDER BY FA.ID";
+const char *const kFin = ")) ORDER BY Fecha, ID";
 
 } // namespace
 

@@ -122,7 +122,7 @@ TEST_F(LedgerListing, TheSearchMatchesSupplierDateLetterAndNumberWithinInclusive
     gasto(2, "Al borde", QDate(2026, 11, 23)); // the last
     gasto(3, "Fuera", QDate(2025, 11, 22));    // a day before it
     for (const auto &[texto, proveedores] : Rows<QString, QStringList>{
-             {"", {"Luz del Sur", "Pérez & Hijos", "Al borde", "Al borde"}},
+             {"", {"Al borde", "Luz del Sur", "Pérez & Hijos", "Al borde"}}, // by date
              {"luz", {"Luz del Sur"}},
              {"20/11/2026", {"Luz del Sur", "Pérez & Hijos"}},
              {"2026 B 0000123", {"Pérez & Hijos"}},
