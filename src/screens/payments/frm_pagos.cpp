@@ -221,6 +221,7 @@ void FrmPagos::salir(QWidget *caja, const std::function<bool()> &regla)
         return;
     }
     rechazado_ = caja;
+    regla_rechazada_ = regla;
     caja->setFocus();
     if (auto *edit = qobject_cast<QLineEdit *>(caja))
         edit->selectAll();
@@ -229,18 +230,22 @@ void FrmPagos::salir(QWidget *caja, const std::function<bool()> &regla)
 void FrmPagos::elegido(const char *nombre, const std::function<bool(const QString &)> &regla)
 {
     auto *combo = static_cast<QComboBox *>(widgets_.at(QString::fromLatin1(nombre)));
-    connect(combo, &QComboBox::textActivated, this, [this, combo, regla](const QString &valor) {
-        salir(combo, [&regla, &valor] { return regla(valor); });
-    });
+    connect(combo, &QComboBox::textActivated, this,
+            [this, combo, regla] { salir(combo, [regla, combo] { return regla(combo->currentText()); }); });
 }
 
 void FrmPagos::agregar()
 {
-    if (rechazado_) {
-        rechazado_->setFocus();
-        return;
-    }
     leer();
+    if (rechazado_) {
+        const bool corregido = regla_rechazada_();
+        mostrar();
+        if (!corregido) {
+            rechazado_->setFocus();
+            return;
+        }
+        rechazado_ = nullptr;
+    }
     const bool cerrar = form_.agregar();
     mostrar();
     if (cerrar)

@@ -46,7 +46,10 @@ private:
     std::map<QString, QWidget *> widgets_;
     QPushButton *Command_Agregar_ = nullptr;
     QPushButton *Command_cancelar_ = nullptr;
-    QWidget *rechazado_ = nullptr; // the field whose value was refused last
+    // The field whose value was refused last, and its check: saving runs
+    // it again and goes on only once it passes.
+    QWidget *rechazado_ = nullptr;
+    std::function<bool()> regla_rechazada_;
     bool en_regla_ = false;
 };
 
