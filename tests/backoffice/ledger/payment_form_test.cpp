@@ -16,7 +16,7 @@ const QDate kDia(2026, 11, 20);
 
 class FormularioPagos : public test::ShopTest {
 protected:
-    FormularioPagos()
+    FormularioPagos() : ShopTest(true)
     {
         EXPECT_TRUE(ejecutar_migraciones(app.ctx()).fallidas.isEmpty());
         EXPECT_TRUE(nq("INSERT INTO vendrix_clientes (NOMBRE, TIPO_RECORD) VALUES ('Fletes Sur', 'Proveedor "
@@ -241,6 +241,33 @@ TEST_F(FormularioPagos, AnInvoiceOtherThanAHasNoTaxesAndItsNumbersArePadded)
     f.escribir("Text_numero_factura_Factura", "3a");
     EXPECT_FALSE(f.salir_numero());
     EXPECT_EQ(app.op.texts().last(), "El número de la factura tiene que ser un valor numérico");
+}
+
+TEST_F(FormularioPagos, AnInvoiceEnteredAsPaidGoesInWithItsPaymentOrNotAtAll)
+{
+    const auto nueva = [this](const QString &numero) {
+        PaymentForm f = abrir(kAgregarFactura);
+        f.elegir_proveedor_factura("Bulonera");
+        f.escribir("Text_factura_sucursal_factura", "00001");
+        f.escribir("Text_numero_factura_Factura", numero);
+        f.escribir("Text_neto", "1000");
+        f.salir_importe_factura("Text_neto");
+        f.elegir_pagada_factura("Si");
+        f.escribir("Combo_mediosdePago_factura", "Banco");
+        return f;
+    };
+    app.failing_db().fail_matching("INSERT INTO Vendrix_Pagos");
+    EXPECT_TRUE(nueva("00000001").agregar());
+    EXPECT_EQ(app.op.lines().last(),
+              "error|ERROR|Atención, se produjeron errores al intentar agregar la factura. "
+              "consulte el log");
+    EXPECT_EQ(q1("SELECT COUNT(*) FROM Vendrix_Pagos"), "0");
+
+    app.failing_db().heal();
+    EXPECT_TRUE(nueva("00000002").agregar());
+    EXPECT_EQ(filas("SELECT TIPO, Medio_de_pago, Total_Pago, Proximo_Vencimiento FROM Vendrix_Pagos "
+                    "ORDER BY ID"),
+              QStringList({"FACTURA|Banco|1000|2026-11-23", "PAGO|Banco|-1000|2026-11-23"}));
 }
 
 TEST_F(FormularioPagos, EditingKeepsTheKindAndLinksAndRefusesAnExpenseBelowItsPayments)
