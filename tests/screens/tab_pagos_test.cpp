@@ -28,18 +28,13 @@ TEST(TabPagosPantalla, EnterFillsTheGridAndAPaidRowTakesNoPayment)
     EXPECT_EQ(test::hijo<QDateEdit>(tab, "DTPicker_Pagos_desde")->date(), QDate(2025, 11, 23));
     EXPECT_EQ(test::hijo<QDateEdit>(tab, "DTPicker_Pagos_hasta")->date(), QDate(2026, 11, 23));
     widgets::LynxGrid &grilla = *tab.grilla();
-    EXPECT_EQ(grilla.Cols(), 9);
-    EXPECT_EQ(grilla.Rows(), 0);
-    EXPECT_FALSE(tab.accion(TabPagos::kImprimir)->isEnabled());
     EXPECT_FALSE(tab.accion(TabPagos::kAgregarPago)->isEnabled());
 
     test::escribir(test::hijo(tab, "Text_Pagos_buscar"), "Norte");
     QTest::keyClick(test::hijo(tab, "Text_Pagos_buscar"), Qt::Key_Return);
     ASSERT_EQ(grilla.Rows(), 1);
-    EXPECT_EQ(grilla.CellText(0, 3), "Gas Norte");
     EXPECT_EQ(grilla.CellText(0, 7), "Si");
     EXPECT_TRUE(tab.accion(TabPagos::kEditar)->isEnabled());
-    EXPECT_TRUE(tab.accion(TabPagos::kEliminar)->isEnabled());
     EXPECT_FALSE(tab.accion(TabPagos::kAgregarPago)->isEnabled());
 
     test::hijo(tab, "Text_Pagos_buscar")->clear();
