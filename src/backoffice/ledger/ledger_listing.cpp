@@ -23,9 +23,8 @@ const char *const kSelect =
     "CASE TIPO "
     "WHEN 'TRANSFERENCIA' THEN 'Transferencia de `' || ifnull(Medio_de_pago_origen, '') || '` a `' || "
     "ifnull(Medio_de_pago, '') || '`' "
-    "WHEN 'FACTURA' THEN 'Factura ' || ifnull(Factura_Letra, '') || '-' || ifnull(Factura_sucursal, '') || "
-    "'-' || "
-    "ifnull(Factura_numero, '') || ' cargada en el sistema' "
+    "WHEN 'FACTURA' THEN 'Factura ' || ifnull(Factura_Letra, '') || '-' || "
+    "ifnull(Factura_sucursal, '') || '-' || ifnull(Factura_numero, '') || ' cargada en el sistema' "
     "ELSE 'Gasto ' || ifnull(Destino_de_pago, '') || "
     "CASE WHEN ifnull(Medio_de_pago, '') <> '' THEN ' pagado con ' || Medio_de_pago ELSE '' END END, "
     "total, adeudado, "
@@ -37,18 +36,17 @@ const char *const kSelect =
     "FROM (SELECT *, CASE WHEN TIPO = 'TRANSFERENCIA' THEN 0 ELSE round(total + pagos, 2) END AS adeudado "
     "FROM ("
     "SELECT FA.*, CAST(FA.Total_Pago AS REAL) AS total, CASE WHEN FA.TIPO = 'TRANSFERENCIA' THEN 0 "
-    "ELSE (SELECT total(CAST(PA.Total_Pago AS REAL)) FROM Vendrix_Pagos PA WHERE PA.ID_Factura_pagos = "
-    "FA.ID) "
-    "END AS pagos "
+    "ELSE (SELECT total(CAST(PA.Total_Pago AS REAL)) FROM Vendrix_Pagos PA "
+    "WHERE PA.ID_Factura_pagos = FA.ID) END AS pagos "
     "FROM Vendrix_Pagos FA WHERE FA.TIPO IN ('FACTURA', 'GASTO', 'TRANSFERENCIA') AND FA.Fecha >= ? AND "
     "FA.Fecha < ?";
 
 // The text sought is matched against the supplier, the date as shown, the
 // letter and the number, joined by single blanks.
 const char *const kBusqueda =
-    " AND (ifnull(FA.Proveedor, '') || ' ' || substr(FA.Fecha, 9, 2) || '/' || substr(FA.Fecha, 6, 2) || '/' "
-    "|| "
-    "substr(FA.Fecha, 1, 4) || ' ' || ifnull(FA.Factura_Letra, '') || ' ' || ifnull(FA.Factura_numero, '')) "
+    " AND (ifnull(FA.Proveedor, '') || ' ' || substr(FA.Fecha, 9, 2) || '/' || substr(FA.Fecha, 6, 2) || "
+    "'/' || substr(FA.Fecha, 1, 4) || ' ' || ifnull(FA.Factura_Letra, '') || ' ' || "
+    "ifnull(FA.Factura_numero, '')) "
     "LIKE ?";
 
 const char *const kFin = ")) ORDER BY Fecha, ID";

@@ -46,10 +46,10 @@ struct ConsultaPagos {
 };
 ConsultaPagos consulta_pagos(const FiltroPagos &filtro);
 
-// The grid's lines: the nine cells joined by tabs, amounts with the decimal
-// comma and dates as dd/mm/yyyy. With `solo_impagos`, rows reading "Si" are
-// left out (transfers always read "Si"). nullopt when the query failed,
-// after its message and log line.
+// The grid's lines by date, then entry: the nine cells joined by tabs,
+// amounts with the decimal comma and dates as dd/mm/yyyy. With
+// `solo_impagos`, rows reading "Si" are left out (transfers always read
+// "Si"). nullopt when the query failed, after its message and log line.
 std::optional<std::vector<QString>> buscar_pagos(Context &ctx, const FiltroPagos &filtro);
 
 } // namespace vendrix
