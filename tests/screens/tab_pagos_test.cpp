@@ -4,6 +4,7 @@
 #include "core/migrations.h"
 #include "screens/pantalla.h"
 #include "screens/payments/tab_pagos.h"
+#include "support/recording_desktop.h"
 #include "support/test_context.h"
 #include "widgets/lynx_grid.h"
 
@@ -22,7 +23,8 @@ TEST(TabPagosPantalla, EnterFillsTheGridAndAPaidRowTakesNoPayment)
     ASSERT_NE(
         agregar_gasto(app.ctx(), {dia, "Servicios", "Gas Norte", "", "", 500, {}, "Si"}, QString("Efectivo")),
         "0");
-    TabPagos tab(app.ctx());
+    test::EscritorioAnotado escritorio;
+    TabPagos tab(app.ctx(), escritorio);
     tab.iniciar_tab_pagos();
     tab.show();
     EXPECT_EQ(test::hijo<QDateEdit>(tab, "DTPicker_Pagos_desde")->date(), QDate(2025, 11, 23));
@@ -47,6 +49,12 @@ TEST(TabPagosPantalla, EnterFillsTheGridAndAPaidRowTakesNoPayment)
     grilla.setRowSelected(1, true);
     EXPECT_FALSE(tab.accion(TabPagos::kAgregarPago)->isEnabled());
     EXPECT_TRUE(tab.accion(TabPagos::kEditar)->isEnabled());
+    // The mail carries the marked row to the desktop's mail program.
+    test::hijo<QPushButton>(tab, "Pagos_Acciones_2")->click();
+    ASSERT_EQ(escritorio.abiertas.size(), 1);
+    EXPECT_TRUE(escritorio.abiertas[0].startsWith("mailto:?subject=Vendrix - Egresos.&body=Buenos"));
+    EXPECT_TRUE(escritorio.abiertas[0].contains("Gas Norte"));
+    EXPECT_FALSE(escritorio.abiertas[0].contains("Luz del Sur"));
     grilla.setRowSelected(1, false);
     EXPECT_FALSE(tab.accion(TabPagos::kEditar)->isEnabled());
     EXPECT_TRUE(app.op.empty());

@@ -161,7 +161,7 @@ void FrmMain::crear_pestanas()
         } else if (i == kTabCliPro) {
             page = new screens::CustomersTab(ctx_);
         } else if (i == kTabPagos) {
-            page = new screens::TabPagos(ctx_);
+            page = new screens::TabPagos(ctx_, *escritorio_);
         } else {
             page = pagina_de_texto(datos.texto ? QString::fromUtf8(datos.texto) : later);
         }

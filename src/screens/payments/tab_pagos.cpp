@@ -4,13 +4,13 @@
 #include "backoffice/ledger/ledger_tab.h"
 #include "backoffice/ledger/transfer_form.h"
 #include "core/context.h"
+#include "core/desktop.h"
 #include "screens/controles_dialogo.h"
 #include "screens/payments/payment_dialogs.h"
 #include "widgets/lynx_grid.h"
 
 #include <QCheckBox>
 #include <QDateEdit>
-#include <QDesktopServices>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -44,8 +44,9 @@ QDateEdit *fecha(QWidget *parent, const char *nombre)
 
 } // namespace
 
-TabPagos::TabPagos(Context &ctx, QWidget *parent)
-    : QWidget(parent), ctx_(ctx), Frame_pagos_(control<QGroupBox>(this, "Frame_pagos")),
+TabPagos::TabPagos(Context &ctx, Escritorio &escritorio, QWidget *parent)
+    : QWidget(parent), ctx_(ctx), escritorio_(escritorio),
+      Frame_pagos_(control<QGroupBox>(this, "Frame_pagos")),
       DTPicker_Pagos_desde_(fecha(this, "DTPicker_Pagos_desde")),
       DTPicker_Pagos_hasta_(fecha(this, "DTPicker_Pagos_hasta")),
       Text_Pagos_buscar_(control<QLineEdit>(this, "Text_Pagos_buscar")),
@@ -244,7 +245,7 @@ void TabPagos::enviar_pagos_por_mail()
     }
     const QString url = vendrix::enviar_pagos_por_mail(ctx_, marcadas);
     if (!url.isEmpty())
-        QDesktopServices::openUrl(QUrl(url, QUrl::TolerantMode));
+        escritorio_.abrir(QUrl(url, QUrl::TolerantMode));
 }
 
 } // namespace vendrix::screens

@@ -16,6 +16,7 @@ class QPushButton;
 
 namespace vendrix {
 class Context;
+class Escritorio;
 namespace widgets {
 class LynxGrid;
 }
@@ -42,7 +43,8 @@ public:
         kCantidadAcciones
     };
 
-    explicit TabPagos(Context &ctx, QWidget *parent = nullptr);
+    // The mail of the marked rows opens through `escritorio`.
+    TabPagos(Context &ctx, Escritorio &escritorio, QWidget *parent = nullptr);
 
     // The dates from a year ago to today and the grid's columns; the main
     // window calls it at start.
@@ -66,6 +68,7 @@ private:
     QString celda_actual(int col) const;
 
     Context &ctx_;
+    Escritorio &escritorio_;
     QGroupBox *Frame_pagos_;
     QDateEdit *DTPicker_Pagos_desde_;
     QDateEdit *DTPicker_Pagos_hasta_;
