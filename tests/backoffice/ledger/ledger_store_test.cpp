@@ -1,7 +1,7 @@
 // The ledger's storage on a shop database fresh from its migrations (the
-// forms' and the tab's tests go through it too): what an edit and a
-// transfer leave, and a database failing at each statement of a change
-// leaving the ledger as it was.
+// forms' and the tab's tests go through it too): what an edit leaves, and
+// a database failing at each statement of a change leaving the ledger as
+// it was.
 #include "backoffice/ledger/ledger_store.h"
 #include "core/db_helpers.h"
 #include "core/migrations.h"
@@ -45,14 +45,6 @@ protected:
     {
         return agregar_pago(app.ctx(), {deuda, kDia, "Servicios", "", "Efectivo", "", monto, vence});
     }
-    // The balance of a method: its "PAGO" rows.
-    double saldo(const QString &medio)
-    {
-        return q1("SELECT ifnull(SUM(Total_Pago), 0) FROM Vendrix_Pagos WHERE TIPO = 'PAGO' AND "
-                  "Medio_de_pago = ?",
-                  "internal", {medio})
-            .toDouble();
-    }
 };
 
 TEST_F(LedgerStore, EditsChangeTheDebtRowOnlyAndLogTheAdditionsName)
@@ -74,23 +66,6 @@ TEST_F(LedgerStore, EditsChangeTheDebtRowOnlyAndLogTheAdditionsName)
     EXPECT_TRUE(app.log_messages().contains(
         "agregar_pago - se actualizaron las fechas de proximo vencimiento para el GASTO o FACTURA  ID =" +
         QString::number(id) + ".."));
-}
-
-TEST_F(LedgerStore, ATransferIsFourRowsAndMovesTheBalances)
-{
-    const qint64 second =
-        agregar_transferencia(app.ctx(), kDia, "Efectivo", "Banco", 2500, "depósito").toLongLong();
-    ASSERT_GT(second, 0);
-    const qint64 first = second - 1;
-    const QString f = QString::number(first), s = QString::number(second);
-    EXPECT_EQ(filas(kFilas),
-              QStringList(
-                  {f + "|TRANSFERENCIA||Efectivo|Banco|Si|2500|" + s + "|2026-11-20|2026-11-23",
-                   s + "|TRANSFERENCIA||Banco|Efectivo|Si|-2500|" + f + "|2026-11-20|2026-11-23",
-                   QString::number(second + 1) + "|PAGO||Efectivo||Si|-2500|" + f + "|2026-11-20|2026-11-23",
-                   QString::number(second + 2) + "|PAGO||Banco||Si|2500|" + s + "|2026-11-20|2026-11-23"}));
-    EXPECT_DOUBLE_EQ(saldo("Efectivo"), -2500);
-    EXPECT_DOUBLE_EQ(saldo("Banco"), 2500);
 }
 
 TEST_F(LedgerStore, AFailureAtAnyStatementOfAChangeLeavesTheLedgerAsItWas)
