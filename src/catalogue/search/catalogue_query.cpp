@@ -47,10 +47,12 @@ QStringList trigramas_de(const QString &folded)
 // to narrow the articles to test, and each one more costs a walk through
 // its list of articles.
 constexpr qsizetype kTrigramasPorTexto = 3;
+// Up to this many rows wanted, a search is one that stops early.
+constexpr size_t kPocasFilas = 100;
 
-QStringList los_mas_raros(QStringList trigrams, const IndexVocabulary &vocabulario)
+QStringList los_mas_raros(QStringList trigrams, const IndexVocabulary &vocabulario, qsizetype cuantos)
 {
-    if (!vocabulario.articulos || trigrams.size() <= kTrigramasPorTexto)
+    if (!vocabulario.articulos || trigrams.size() <= cuantos)
         return trigrams;
     std::vector<std::pair<qint64, QString>> counted;
     for (QString &t : trigrams) {
@@ -63,7 +65,7 @@ QStringList los_mas_raros(QStringList trigrams, const IndexVocabulary &vocabular
     std::stable_sort(counted.begin(), counted.end(),
                      [](const auto &a, const auto &b) { return a.first < b.first; });
     QStringList rarest;
-    for (qsizetype i = 0; i < kTrigramasPorTexto; ++i)
+    for (qsizetype i = 0; i < cuantos; ++i)
         rarest << counted[static_cast<size_t>(i)].second;
     return rarest;
 }
@@ -126,12 +128,12 @@ struct Acotado {
 // start with it (the indexed text ends with a blank, so each pair in it
 // starts a trigram). Nothing when the index can't narrow it: one character,
 // or a pair with too many trigrams.
-std::optional<Acotado> acotar(const QString &text, const IndexVocabulary &vocabulario)
+std::optional<Acotado> acotar(const QString &text, const IndexVocabulary &vocabulario, qsizetype cuantos)
 {
     const QString folded = plegar_texto(text);
     const qsizetype length = caracteres(folded);
     if (length >= kMinimoIndice) {
-        const QStringList asked = los_mas_raros(trigramas_de(folded), vocabulario);
+        const QStringList asked = los_mas_raros(trigramas_de(folded), vocabulario, cuantos);
         return Acotado{grupo_y(asked), menos_articulos(asked, vocabulario), false};
     }
     const std::optional<QStringList> trigrams =
@@ -155,18 +157,19 @@ std::optional<Acotado> acotar(const QString &text, const IndexVocabulary &vocabu
 }
 
 // A term: its texts, any of which will do.
-std::optional<Acotado> acotar_termino(const QStringList &term, const IndexVocabulary &vocabulario)
+std::optional<Acotado> acotar_termino(const QStringList &term, const IndexVocabulary &vocabulario,
+                                      qsizetype cuantos)
 {
     // The spellings of a word share most of their trigrams: three or
     // more they all hold narrow about as well as asking for each spelling.
     if (const QStringList common = trigramas_comunes(term); common.size() >= kTrigramasPorTexto) {
-        const QStringList asked = los_mas_raros(common, vocabulario);
+        const QStringList asked = los_mas_raros(common, vocabulario, cuantos);
         return Acotado{grupo_y(asked), menos_articulos(asked, vocabulario), false};
     }
     QStringList options;
     Acotado whole{{}, 0, false};
     for (const QString &text : term) {
-        const std::optional<Acotado> narrowed = acotar(text, vocabulario);
+        const std::optional<Acotado> narrowed = acotar(text, vocabulario, cuantos);
         // One text the index can't narrow leaves the whole term open.
         if (!narrowed)
             return std::nullopt;
@@ -388,7 +391,8 @@ private:
             filas_.con_indice()
                 ? expresion_indice(consulta_.condicion,
                                    {[this](const QString &pair) { return filas_.trigramas(pair); },
-                                    [this](const QString &trigram) { return filas_.articulos_con(trigram); }})
+                                    [this](const QString &trigram) { return filas_.articulos_con(trigram); }},
+                                   wanted <= kPocasFilas)
                 : QString();
         // The index doesn't hold comments: the articles with one are tested too.
         const bool comments_count = consulta_.condicion.con_comentario || rama_comentario_;
@@ -460,11 +464,16 @@ int progreso(void *flag)
 
 } // namespace
 
-QString expresion_indice(const SearchCondition &condicion, const IndexVocabulary &vocabulario)
+QString expresion_indice(const SearchCondition &condicion, const IndexVocabulary &vocabulario,
+                         bool pocas_filas)
 {
     std::vector<Acotado> terms;
+    // A search that stops after a few rows walks the index only until it
+    // finds them: one list of articles per text costs less than the false
+    // candidates it lets through, when other texts narrow as well.
+    const qsizetype cuantos = pocas_filas && condicion.terminos.size() > 1 ? 1 : kTrigramasPorTexto;
     for (const QStringList &term : condicion.terminos) {
-        if (std::optional<Acotado> narrowed = acotar_termino(term, vocabulario))
+        if (std::optional<Acotado> narrowed = acotar_termino(term, vocabulario, cuantos))
             terms.push_back(std::move(*narrowed));
     }
     // A pair is worth asking for only when it gives fewer articles than the

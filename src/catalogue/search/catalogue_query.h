@@ -104,8 +104,11 @@ struct IndexVocabulary {
 
 // The index query for a condition ("" when no term can be narrowed). Without
 // `trigramas`, pairs narrow nothing; without `articulos`, a longer text asks
-// for all its trigrams, else only for its rarest ones, and a pair held by
-// more articles than the rarest trigrams of a longer text is left out.
-QString expresion_indice(const SearchCondition &condicion, const IndexVocabulary &vocabulario = {});
+// for all its trigrams, else only for its rarest ones (the rarest one alone
+// with `pocas_filas`, for a search that stops after a few rows, when other
+// terms narrow too), and a pair held by more articles than the rarest
+// trigrams of a longer text is left out.
+QString expresion_indice(const SearchCondition &condicion, const IndexVocabulary &vocabulario = {},
+                         bool pocas_filas = false);
 
 } // namespace vendrix

@@ -122,6 +122,11 @@ TEST(ExpresionIndice, WithTheCountsALongTextAsksForItsThreeRarestTrigrams)
     // A trigram no article holds is enough; three trigrams or fewer are all asked.
     EXPECT_EQ(expresion_indice(filtro_terminos(u("cañosa tor")), vocabulary), u("\"AÑO\" AND \"TOR\""));
     EXPECT_EQ(expresion_indice(filtro_terminos(u("cañi")), vocabulary), u("(\"CAÑ\" AND \"AÑI\")"));
+    // A search for a few rows asks each text for its rarest trigram, unless it is alone.
+    EXPECT_EQ(expresion_indice(filtro_terminos(u("tornillo cañi")), vocabulary, true),
+              u("\"ILL\" AND \"CAÑ\""));
+    EXPECT_EQ(expresion_indice(filtro_terminos(u("tornillo")), vocabulary, true),
+              u("(\"ILL\" AND \"ORN\" AND \"RNI\")"));
     // Spellings: the trigrams they all hold, when there are three; else each spelling.
     EXPECT_EQ(expresion_indice(filtro_ortografia(u("tornillo"), false), vocabulary),
               u("(\"TOR\" AND \"ORN\" AND \"RNI\")"));
