@@ -13,6 +13,7 @@
 #include "backoffice/ledger/ledger_listing.h"
 #include "bench_figures.h"
 #include "core/context.h"
+#include "core/desktop.h"
 #include "core/migrations.h"
 #include "screens/payments/tab_pagos.h"
 #include "widgets/lynx_grid.h"
@@ -112,7 +113,15 @@ void BM_ConsultarPagos(benchmark::State &state)
 void BM_ListarPagos(benchmark::State &state)
 {
     Tienda t;
-    screens::TabPagos tab(*t.ctx);
+    // The list opens nothing on the desktop.
+    struct SinEscritorio final : Escritorio {
+        bool abrir(const QUrl &) override { return false; }
+        bool redactar_correo(const QString &, const QString &, const QString &, const QString &) override
+        {
+            return false;
+        }
+    } escritorio;
+    screens::TabPagos tab(*t.ctx, escritorio);
     tab.iniciar_tab_pagos();
     tab.resize(1280, 700);
     tab.show();
