@@ -172,6 +172,19 @@ TEST_F(LedgerListing, NothingSelectedIsRefusedWithoutAQuestionOrAMail)
                            "Seleccione almenos un elemento antes de generar un correo electrónico."}));
 }
 
+TEST_F(LedgerListing, AListThatCantBeReadSaysSoAndLogsTheDatabasesError)
+{
+    app.failing_db().fail_matching("FROM Vendrix_Pagos FA");
+    EXPECT_FALSE(buscar_pagos(app.ctx(), filtro_inicial(app.ctx())));
+    EXPECT_EQ(
+        app.op.lines(),
+        QStringList({"error|Error al intentar cargar las Grillas.|ER PAGOS01: Se produjo un error al cargar "
+                     "la información en la Grilla de Pagos. Cierre Vendrix e intente nuevamente."}));
+    const QString line = app.log_messages().filter("ER PAGOSPRO01 - ").value(0);
+    EXPECT_TRUE(line.endsWith(" populate_grilla_pagos.")) << line.toStdString();
+    EXPECT_GT(line.size(), QString("ER PAGOSPRO01 -  populate_grilla_pagos.").size());
+}
+
 TEST_F(LedgerListing, DeletingATransferFromEitherRowLeavesOneOrphanPayment)
 {
     for (const int fila : {0, 1}) {
