@@ -145,6 +145,9 @@ public:
     // Opens the target's file; "" when it is open, else why it can't be
     // ("number description errno").
     QString error_apertura(const QString &target);
+    // Why the last statement on the target failed ("number description
+    // errno"), or why its file can't be opened.
+    QString ultimo_error(const QString &target);
 
     // A connection of the caller's own to the price file, for searches on
     // another thread: the price file read-only, with the shop file attached

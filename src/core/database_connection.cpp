@@ -234,6 +234,12 @@ QString Database::error_apertura(const QString &target)
     return abrir(es_externa(target), error) ? QString() : error.texto();
 }
 
+QString Database::ultimo_error(const QString &target)
+{
+    sqlite3 *db = conexion(target);
+    return db ? SqlError::de_conexion(db).texto() : error_apertura(target);
+}
+
 // close_v2 lets a cursor still alive finish with its statement; the
 // connection goes when the cursor does.
 void Database::cerrar()

@@ -3,7 +3,6 @@
 #include "backoffice/ledger/ledger_store.h"
 #include "core/context.h"
 #include "core/numeric.h"
-#include "core/sqlite_values.h"
 
 namespace vendrix {
 
@@ -93,8 +92,7 @@ std::optional<std::vector<QString>> buscar_pagos(Context &ctx, const FiltroPagos
         ctx.op().error(QStringLiteral("Error al intentar cargar las Grillas."),
                        QStringLiteral("ER PAGOS01: Se produjo un error al cargar la información en la Grilla "
                                       "de Pagos. Cierre Vendrix e intente nuevamente."));
-        sqlite3 *db = ctx.db().conexion(kInternal);
-        const QString error = db ? SqlError::de_conexion(db).texto() : ctx.db().error_apertura(kInternal);
+        const QString error = ctx.db().ultimo_error(kInternal);
         ctx.escribir_log(QStringLiteral("ER PAGOSPRO01 - ") + error +
                              QStringLiteral(" populate_grilla_pagos"),
                          QStringLiteral("E"));

@@ -3,7 +3,6 @@
 #include "core/context.h"
 #include "core/database.h"
 #include "core/numeric.h"
-#include "core/sqlite_values.h"
 
 #include <cmath>
 
@@ -59,12 +58,6 @@ std::optional<QString> leer(Database &db, const QString &sql, const SqlParams &p
     return row->eof() ? QString() : row->texto(0);
 }
 
-QString ultimo_error(Context &ctx)
-{
-    sqlite3 *db = ctx.db().conexion(kInternal);
-    return db ? SqlError::de_conexion(db).texto() : ctx.db().error_apertura(kInternal);
-}
-
 // The payment's row and the debt's next due date; the caller's transaction
 // (or this one's) keeps them together.
 QString escribir_pago(Context &ctx, const DatosPago &p)
@@ -83,16 +76,16 @@ QString escribir_pago(Context &ctx, const DatosPago &p)
             {p.id_deuda, fecha_guardada(p.fecha), p.proveedor, p.medio, p.destino, p.notas,
              importe(-1.0 * p.monto), due});
     if (!written)
-        return ultimo_error(ctx);
+        return ctx.db().ultimo_error(kInternal);
     if (!db.execNQ(QStringLiteral("UPDATE Vendrix_Pagos SET Proximo_Vencimiento = ? WHERE ID = ?"), kInternal,
                    {due, p.id_deuda}))
-        return ultimo_error(ctx);
+        return ctx.db().ultimo_error(kInternal);
     ctx.escribir_log(
         QStringLiteral("agregar_pago - se actualizaron las fechas de proximo vencimiento para el "
                        "GASTO o FACTURA  ID =") +
             QString::number(p.id_deuda) + QLatin1Char('.'),
         QStringLiteral("I"));
-    return tx.commit() ? QString() : ultimo_error(ctx);
+    return tx.commit() ? QString() : ctx.db().ultimo_error(kInternal);
 }
 
 // The whole of a debt paid at once with a method, on the debt's date.
@@ -310,9 +303,14 @@ QString fecha_guardada(const QDate &fecha)
     return fecha.toString(QStringLiteral("yyyy-MM-dd"));
 }
 
+QDate fecha_de_guardada(const QString &guardada)
+{
+    return QDate::fromString(guardada.left(10), QStringLiteral("yyyy-MM-dd"));
+}
+
 QString fecha_mostrada(const QString &guardada)
 {
-    const QDate date = QDate::fromString(guardada.left(10), QStringLiteral("yyyy-MM-dd"));
+    const QDate date = fecha_de_guardada(guardada);
     return date.isValid() ? date.toString(QStringLiteral("dd/MM/yyyy")) : guardada;
 }
 

@@ -96,8 +96,10 @@ double pagado_de_deuda(Context &ctx, qint64 id_deuda);
 // when the payments reach the total, else "Parcialmente".
 QString estado_de_deuda(double total, double pagado);
 
-// A date of the ledger as stored (yyyy-MM-dd) and as shown (dd/MM/yyyy).
+// A date of the ledger as stored (yyyy-MM-dd), read back (null when it
+// isn't one), and as shown (dd/MM/yyyy).
 QString fecha_guardada(const QDate &fecha);
+QDate fecha_de_guardada(const QString &guardada);
 QString fecha_mostrada(const QString &guardada);
 
 } // namespace vendrix

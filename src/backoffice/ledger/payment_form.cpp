@@ -198,8 +198,7 @@ bool PaymentForm::recuperar_gasto()
         kInterna, {apertura_.id});
     if (m.vacia())
         return false;
-    control(QStringLiteral("DTPicker_fecha_gasto")).fecha =
-        QDate::fromString(m.at(1, 0).left(10), QStringLiteral("yyyy-MM-dd"));
+    control(QStringLiteral("DTPicker_fecha_gasto")).fecha = fecha_de_guardada(m.at(1, 0));
     seleccionar(QStringLiteral("ComboBox_Proveedores_gasto"), m.at(2, 0));
     seleccionar(QStringLiteral("Combo_mediosdePago_Gasto"), m.at(3, 0));
     seleccionar(QStringLiteral("Combo_destinosdepago_gasto"), m.at(4, 0));
@@ -220,8 +219,7 @@ bool PaymentForm::recuperar_factura()
         kInterna, {apertura_.id});
     if (m.vacia())
         return false;
-    control(QStringLiteral("DTPicker_fecha_factura")).fecha =
-        QDate::fromString(m.at(1, 0).left(10), QStringLiteral("yyyy-MM-dd"));
+    control(QStringLiteral("DTPicker_fecha_factura")).fecha = fecha_de_guardada(m.at(1, 0));
     seleccionar(QStringLiteral("ComboBox_Proveedores_factura"), m.at(2, 0));
     seleccionar(QStringLiteral("Combo_mediosdePago_factura"), m.at(3, 0));
     seleccionar(QStringLiteral("Combo_destinosdepago_factura"), m.at(4, 0));

@@ -69,16 +69,21 @@ bool ArticleRows::con_indice()
     return indexed;
 }
 
-ArticleRow ArticleRows::de_fila(const PriceFileStatement &row)
+// `repetidos`: the texts of the last row read this way, for the fields
+// that repeat from one row to the next; null reads every field afresh.
+ArticleRow ArticleRows::de_fila(const PriceFileStatement &row, Repetidos *repetidos)
 {
+    const auto text = [&](int column, int kept) {
+        return repetidos ? row.columna_repetida(column, (*repetidos)[kept]) : row.columna(column);
+    };
     return {row.columna_entero(0),
-            row.columna(1),
-            row.columna(2),
-            row.columna(3),
+            text(1, 0),
+            text(2, 1),
+            text(3, 2),
             row.columna(4),
-            row.columna(5),
+            text(5, 3),
             row.columna(6),
-            row.columna(7),
+            text(7, 4),
             row.columna(8),
             row.columna_entero(9) != 0,
             row.columna_entero(10) != 0,
@@ -168,20 +173,7 @@ bool ArticleRows::siguiente(qint64 &id, QString &texto)
 
 ArticleRow ArticleRows::fila_actual()
 {
-    const PriceFileStatement &row = *recorrido_;
-    return {row.columna_entero(0),
-            row.columna_repetida(1, repetidos_[0]),
-            row.columna_repetida(2, repetidos_[1]),
-            row.columna_repetida(3, repetidos_[2]),
-            row.columna(4),
-            row.columna_repetida(5, repetidos_[3]),
-            row.columna(6),
-            row.columna_repetida(7, repetidos_[4]),
-            row.columna(8),
-            row.columna_entero(9) != 0,
-            row.columna_entero(10) != 0,
-            row.columna_entero(11) != 0,
-            row.columna_entero(12) != 0};
+    return de_fila(*recorrido_, &repetidos_);
 }
 
 } // namespace vendrix

@@ -76,13 +76,14 @@ public:
 
 private:
     PriceFileStatement &sentencia(const char *sql);
-    static ArticleRow de_fila(const PriceFileStatement &row);
+    using Repetidos = std::array<PriceFileStatement::Repetido, 5>;
+    static ArticleRow de_fila(const PriceFileStatement &row, Repetidos *repetidos = nullptr);
 
     sqlite3 *db_;
     std::map<QByteArray, std::unique_ptr<PriceFileStatement>> sentencias_;
     PriceFileStatement *recorrido_ = nullptr;
     // Supplier, group, notes, brand and currency of the last row read whole.
-    std::array<PriceFileStatement::Repetido, 5> repetidos_;
+    Repetidos repetidos_;
     QHash<QString, qint64> conteos_;                   // trigram -> articles that hold it
     QHash<QString, std::optional<QStringList>> pares_; // pair -> its trigrams
     bool fallo_ = false;

@@ -1,7 +1,6 @@
 #include "catalogue/search/grid_rows.h"
 
 #include "core/context.h"
-#include "core/sqlite_values.h"
 
 namespace vendrix {
 
@@ -48,8 +47,7 @@ bool llenar_grilla(Context &ctx, GridSink &grilla, const QString &sql, const QSt
     grilla.redibujar(false);
     const std::unique_ptr<Cursor> rows = ctx.db().execQ(sql, target, params);
     if (!rows) {
-        sqlite3 *db = ctx.db().conexion(target);
-        const QString error = db ? SqlError::de_conexion(db).texto() : ctx.db().error_apertura(target);
+        const QString error = ctx.db().ultimo_error(target);
         grilla.redibujar(true);
         avisar_error_grilla(
             ctx, QStringLiteral("GR001"),
